@@ -1,0 +1,40 @@
+# What every target shares: warnings, sanitizers, and one library or test program for each folder.
+
+add_library(kestrane_options INTERFACE)
+target_compile_options(kestrane_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(KESTRANE_WERROR)
+  target_compile_options(kestrane_options INTERFACE -Werror)
+endif()
+if(KESTRANE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# kestrane_library(<folder> [LINK <target>...]): the sources of the current folder as the
+# library kestrane_<folder>. It links what the folder may include and nothing else.
+function(kestrane_library folder)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(NOT sources)
+    add_library(kestrane_${folder} INTERFACE)
+    return()
+  endif()
+  add_library(kestrane_${folder} STATIC ${sources})
+  set_target_properties(kestrane_${folder} PROPERTIES LINKER_LANGUAGE CXX)
+  target_include_directories(kestrane_${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(kestrane_${folder} PUBLIC ${ARG_LINK} PRIVATE kestrane_options)
+endfunction()
+
+# kestrane_test(<folder> [LINK <target>...]): tests/<folder>/*_test.cpp as one test program.
+function(kestrane_test folder)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${folder} ${sources})
+  target_link_libraries(test_${folder} PRIVATE ${ARG_LINK} GTest::gtest GTest::gmock
+                        GTest::gtest_main kestrane_options)
+  gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
+endfunction()
