@@ -2,6 +2,10 @@
 
 add_library(kestrane_options INTERFACE)
 target_compile_options(kestrane_options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  # GCC 12 warns falsely where a text is joined to a literal (GCC bug 105651).
+  target_compile_options(kestrane_options INTERFACE -Wno-restrict)
+endif()
 if(KESTRANE_WERROR)
   target_compile_options(kestrane_options INTERFACE -Werror)
 endif()
