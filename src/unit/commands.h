@@ -1,0 +1,54 @@
+#pragma once
+
+// The command table of the unit: what it does for each command text and what it answers. A reply
+// begins with the echo of the command; data stand behind it.
+//
+//   command  address code arguments...
+//   reply    address code arguments... data...
+//   refused  address code 16              the port lacks the right
+//   refused  address 82   15              no such 1-Wire memory function
+//
+// No reply at all is what a text gets that is for another address, unknown or malformed.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "unit/board_memory.h"
+#include "unit/live_state.h"
+#include "unit/macro_runner.h"
+#include "unit/options.h"
+#include "unit/sensor_bus.h"
+
+namespace kestrane::unit {
+
+// The parts of a unit that commands act on.
+struct Machine {
+    explicit Machine(const UnitOptions& options_in, Boards boards_in)
+        : options(options_in),
+          boards(std::move(boards_in)),
+          live(options_in.type),
+          sensors(boards.relay),
+          runner(boards.relay, live) {}
+    Machine(const Machine&) = delete;
+    Machine& operator=(const Machine&) = delete;
+
+    UnitOptions options;
+    Boards boards;
+    LiveState live;
+    SensorBus sensors;
+    MacroRunner runner;
+    bool ethernet_reset = false;         // asked for and not yet carried out
+    std::uint64_t settings_changes = 0;  // counts what a state file has to keep
+};
+
+// The board that an address byte reaches, if it is one of this unit.
+std::optional<Board> BoardAt(std::uint8_t address, const BoardMemory& relay);
+
+// Carries out a command text that arrived on control port 1 to 3. The result is the text of the
+// reply, or nothing for silence.
+std::optional<std::string> Execute(Machine& machine, int port, std::string_view command,
+                                   Milliseconds now);
+
+}  // namespace kestrane::unit
