@@ -171,7 +171,8 @@ Refusal Hand::Choose(Control& control, int value) {
 
 Refusal Hand::Close(Form& form) {
     if (!form.Visible()) return form.name() + " is not open";
-    if (screen_.ActiveForm() != &form) {
+    // The main form can be closed at any time: that ends the program.
+    if (screen_.ActiveForm() != &form && screen_.forms().front() != &form) {
         return form.name() + ": " + screen_.ActiveForm()->name() + " is open before it";
     }
     if (form.on_close) {

@@ -1,0 +1,111 @@
+#pragma once
+
+// The one way to the unit: a request, an echo, one command in flight. The outcome of a command is
+// Session::CommandDone and, on success, Session::ReplyBuffer.
+//
+// An Operation ties what a handler sends to the connection that it began on. When that connection
+// is gone its commands fail at once, so that no byte of it reaches another unit.
+
+#include <chrono>
+#include <string>
+
+#include "link/frame.h"
+#include "link/session.h"
+#include "platform/platform.h"
+#include "screen/main_form.h"
+
+namespace kestrane {
+
+class Link {
+  public:
+    Link(MainForm& form, Session& session, const Platform& platform);
+
+    // One handler's work on the wire, from its construction to its end. Operations nest as
+    // handlers do that run inside each other's waits.
+    class Operation {
+      public:
+        explicit Operation(Link& link);
+        ~Operation();
+        Operation(const Operation&) = delete;
+        Operation& operator=(const Operation&) = delete;
+
+        // The connection that it began on is gone: nothing may be sent, and nothing that it holds
+        // may be written over what a newer connection has read.
+        bool Stale() const { return connection_ != link_.connection_; }
+
+      private:
+        friend class Link;
+        Link& link_;
+        Operation* outer_;
+        int connection_;
+        std::string outer_frame_;
+    };
+
+    // Sends a command (address, code, arguments; without marks, doubling and checksum) and waits
+    // for its echo, repeating it 3 times at most. `strCommand` comes back escaped. Every caller
+    // tests CommandDone. Boxes tell the operator of refusals and corrupted replies; silence is
+    // final and has no box.
+    void SendCommand(std::string& strCommand);
+    // The same for a command built on the spot: true if its reply was accepted.
+    bool Command(std::string command);
+
+    // Sends a command and waits for any bytes, without a limit, a test or a repeat. False if its
+    // connection went first, and then nothing has come.
+    bool SendUnchecked(std::string& text);
+
+    // A poll of a kind named by `waiting`: as SendUnchecked, but if a poll of the same kind is
+    // waiting already, the frame is sent and false returned at once; the reply is the other's.
+    bool Poll(std::string& text, bool& waiting);
+
+    // Undoes the doubling in ReplyBuffer, in place.
+    void RemoveReplyEscapes() { RemoveEscapes(session_.ReplyBuffer); }
+
+    // Handles events for at least this time.
+    void MdWait(std::chrono::milliseconds time);
+
+    bool Connected() const { return platform_.tcpsend.State() == SocketState::kConnected; }
+
+    // Counts the frames sent so far, so that a caller can tell whether another came in between.
+    unsigned FramesSent() const { return frames_sent_; }
+    // Sends bytes that are framed already, awaiting nothing.
+    void SendRaw(const std::string& frame);
+
+    // A new connection begins, or the present one ends; operations of the old one become stale.
+    void NewConnection();
+    void EndConnection();
+    // The connection's number, to recognise it later; 0 when there is none.
+    int connection() const { return connection_; }
+
+    // Runs the disconnect routine; set by the supervision.
+    std::function<void()> disconnect;
+
+    const Platform& platform() const { return platform_; }
+
+  private:
+    // Waits may nest inside each other only so deep.
+    static constexpr int kDeepestWait = 64;
+    // A connect made above this many waits ends those that an earlier connection left behind.
+    static constexpr int kMostAbandonedWaits = 24;
+
+    enum class Verdict { kDone, kRepeat, kLeave };
+
+    bool MaySend() const;
+    void WaitForReply();
+    void ShowSent(const std::string& escaped);
+    Verdict JudgeReply(int& repeat_count);
+    Verdict JudgeException(const std::string& sent, const std::string& received);
+    Verdict CountRepeat(int& repeat_count, const char* title);
+    Verdict Box(const char* title, const char* text);
+
+    MainForm& form_;
+    Session& session_;
+    Platform platform_;
+    Operation* current_ = nullptr;
+    int connection_ = 0;
+    int connections_ = 0;
+    int released_ = 0;  // waits of connections up to this one end at once
+    int waits_ = 0;
+    unsigned frames_sent_ = 0;
+};
+
+}  // namespace kestrane
