@@ -1,0 +1,24 @@
+#pragma once
+
+// Delays of the macro language. A time code is one byte that counts tenths of a second in a
+// floating-point form, so few delays can be held exactly: what an entry turns into is what
+// `TimeText` of its code shows.
+//
+//     bit   7     6    5 ... 0
+//         x100   x10   mantissa 0 to 63     both bits: x1000
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestrane {
+
+// The seconds of a code with one decimal: 0x05 is "0.5", 0xFF is "6300.0".
+std::string TimeText(std::uint8_t code);
+
+// The code for the number of seconds that `text` begins with; a text with no number counts 0,
+// anything above 6300 counts 6300. A negative number has no code.
+std::optional<std::uint8_t> TimeCode(std::string_view text);
+
+}  // namespace kestrane
