@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <optional>
+#include <sstream>
 #include <vector>
 
 namespace kestrane::unit {
@@ -21,7 +22,9 @@ constexpr const char* kFooter =
 
 // "A[,B[,C]]"; the ports left out are free ones.
 std::string ParsePorts(const std::string& text, std::array<std::uint16_t, kControlPorts>& ports) {
-    const std::vector<std::string> parts = CLI::detail::split(text, ',');
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, ',');) parts.push_back(part);
     if (text.empty() || text.back() == ',' || parts.size() > ports.size()) {
         return "--port: takes one to three port numbers, A[,B[,C]]";
     }

@@ -1,0 +1,67 @@
+#include "unit/state.h"
+
+#include <gtest/gtest.h>
+
+#include "unit/hand_commands.h"
+#include "unit_test_support.h"
+
+namespace kestrane::unit {
+namespace {
+
+TEST(State, ARoundTripKeepsBothBoardsAndStartsLiveValuesFromMemory) {
+    Unit unit;
+    Ask(unit, kPortA, {kDisplayByte, 0x12, 0x00, 0x50, 3, 'N', 0x10, 0xFF});
+    Ask(unit, kPortA, {kRelayByte, 0x12, 0x00, 0x0A, 1, 77});
+    Ask(unit, kPortA, {kRelayByte, 0x3A, 3, 99});
+    EXPECT_EQ(unit.SettingsChanges(), 2u) << "a live value is not kept";
+    const DecodedState state = DecodeState(EncodeState(unit.Memory()));
+    ASSERT_TRUE(state.boards) << state.error;
+    Unit again({}, *state.boards);
+    for (const std::size_t address : {0x0000u, 0x0200u, 0x03F0u}) {
+        EXPECT_EQ(again.Relay().Read(address, 16), unit.Relay().Read(address, 16));
+        EXPECT_EQ(again.Display().Read(address, 16), unit.Display().Read(address, 16));
+    }
+    EXPECT_EQ(again.Display().Read(0x0050, 3), "N\x10\xFF");
+    EXPECT_EQ(Mid(DataOf(again, kPortA, {kRelayByte, 0x39}), 3, 2), Bytes({77, 14}));
+}
+
+TEST(State, RefusesAFileThatIsShortLongDamagedOrAnother) {
+    const std::string good = EncodeState(Unit().Memory());
+    std::string flipped = good;
+    flipped[700] = static_cast<char>(flipped[700] ^ 0x01);
+    for (const std::string& bad : {std::string(), good.substr(0, good.size() - 1), good + '\0',
+                                   flipped, std::string(good.size(), '\0'), good.substr(0, 16)}) {
+        const DecodedState state = DecodeState(bad);
+        EXPECT_FALSE(state.boards);
+        EXPECT_FALSE(state.error.empty());
+    }
+}
+
+TEST(HandCommands, WorkTheUnitAndRefuseWhatIsNone) {
+    Unit unit;
+    const auto hand = [&](std::string_view line) {
+        return ApplyHandCommand(unit, line, Milliseconds{1000});
+    };
+    EXPECT_EQ(hand("  switch   off "), "ok");
+    EXPECT_TRUE(unit.Runner().Running());
+    EXPECT_EQ(hand("gpi 2 low"), "ok");
+    EXPECT_FALSE(unit.Live().gpi_high[1]);
+    EXPECT_EQ(hand("supply main off"), "ok");
+    EXPECT_TRUE(unit.Live().changeover.OnBackup());
+    EXPECT_EQ(hand("fuse 14 blown"), "ok");
+    EXPECT_EQ(unit.Live().good_fuses, 0x1FFF);
+    EXPECT_EQ(hand("sensor 1 out"), "ok");
+    EXPECT_EQ(DataOf(unit, kPortA, {kRelayByte, 0x82, 0x01, 1}), std::string(9, '\xFF') + "\x04");
+    EXPECT_EQ(hand(""), "");
+    EXPECT_EQ(hand("# note"), "");
+    for (const char* line : {"gpi 0 low", "gpi 5 low", "fuse 15 good", "sensor 9 in", "macro 8",
+                             "macro x", "gpi -1 low", "fuse 999 good"}) {
+        EXPECT_EQ(hand(line), "not possible") << line;
+    }
+    for (const char* line : {"switch", "switch maybe", "gpi 1", "gpi 1 high now", "supply c on"}) {
+        EXPECT_EQ(hand(line).substr(0, 7), "unknown") << line;
+    }
+}
+
+}  // namespace
+}  // namespace kestrane::unit
