@@ -6,6 +6,7 @@
 #include "link/identity.h"
 #include "link/shell.h"
 #include "link/supervision.h"
+#include "macro/insert_buttons.h"
 #include "screen/hand.h"
 #include "screen/main_form.h"
 #include "screen/small_forms.h"
@@ -33,6 +34,7 @@ class Tool {
     LoginForm login_form{screen};
     ConfirmPasswordForm confirm_form{screen};
     HelpForm help_form{screen};
+    ScriptEditForm script_edit_form{screen, InsertButtons()};
     Hand hand{screen};
 
     Link link;
