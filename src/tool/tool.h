@@ -3,6 +3,8 @@
 // One whole tool: the screen, the session, the link, and every topic joined to its controls. Both
 // faces, windows and scripts, stand on this.
 
+#include "features/channel_names.h"
+#include "features/macro_triggers.h"
 #include "link/identity.h"
 #include "link/shell.h"
 #include "link/supervision.h"
@@ -10,6 +12,11 @@
 #include "screen/hand.h"
 #include "screen/main_form.h"
 #include "screen/small_forms.h"
+#include "security/password_gate.h"
+#include "settings/control_ports.h"
+#include "settings/field_editors.h"
+#include "settings/network_read.h"
+#include "settings/network_write.h"
 
 namespace kestrane {
 
@@ -41,6 +48,13 @@ class Tool {
     Supervision supervision{main_form, session, link};
     Shell shell{main_form, session, link};
     Identity identity{main_form, session, link};
+    FieldEditors field_editors{main_form, session, link};
+    ControlPorts control_ports{main_form, session, link};
+    PasswordGate password_gate{main_form, login_form, confirm_form, session, link};
+    NetworkRead network_read{main_form, session, link, identity};
+    NetworkWrite network_write{main_form, session, link};
+    ChannelNames channel_names{main_form, session, link};
+    MacroTriggers macro_triggers{main_form, session, link};
 };
 
 }  // namespace kestrane
