@@ -13,7 +13,9 @@ constexpr std::uint16_t kDefaultPort = 1243;
 
 constexpr const char* kFooter =
     "Prints one line of JSON when it is ready: {\"ports\":[A,B,C],\"versions\":P}. The ports in\n"
-    "use are what the unit's settings hold as ports A, B and C from then on.\n"
+    "use are what the unit's settings hold as ports A, B and C at the start. Other numbers can\n"
+    "be written and are kept, but the program listens where it began, also after an Ethernet\n"
+    "reset.\n"
     "Lines on standard input work the unit's switch and inputs; \"help\" lists them, the answers\n"
     "go to standard error. The end of the input is not the end of the program: SIGINT or SIGTERM\n"
     "end it, and save the state.\n"
