@@ -27,6 +27,7 @@ class ReplyLine {
     void Send(std::string reply);
 
     void set_latency(Milliseconds latency) { latency_ = latency; }
+    Milliseconds latency() const { return latency_; }
 
     // What happens to the next replies, one fault for each reply in the order of these calls.
     // Positions count from 0.

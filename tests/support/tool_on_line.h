@@ -1,0 +1,72 @@
+#pragma once
+
+// A whole tool on virtual time, with short words for what a hand does and what is on the screen:
+// given a unit, when a hand does this, then these bytes went out and this is on the screen.
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/scripted_peer.h"
+#include "support/unit_peer.h"
+#include "support/virtual_platform.h"
+#include "text/text.h"
+#include "tool/tool.h"
+
+namespace kestrane {
+
+struct ToolOnLine {
+    VirtualPlatform world;
+    Tool tool{world.platform()};
+    MainForm& form = tool.main_form;
+    NetworkTab& network = tool.main_form.network;
+    Session& session = tool.session;
+
+    ToolOnLine() { tool.Start(); }
+
+    void Wait(int milliseconds) { world.RunFor(std::chrono::milliseconds(milliseconds)); }
+    // Connects and lets the reader see it.
+    void Connect() {
+        Click(form.cmdConnect);
+        Wait(250);
+        ASSERT_EQ(form.lblNotLoggedIn.Caption(), "Socket is connected");
+    }
+    void Click(Control& control) { EXPECT_EQ(tool.hand.Click(control).value_or(""), ""); }
+    void Type(TextBox& box, const std::string& text) {
+        EXPECT_EQ(tool.hand.Type(box, text).value_or(""), "");
+    }
+    // Begins a click whose handling goes on while events are handled.
+    void ClickLater(Control& control) {
+        world.loop.Post([this, &control] { Click(control); });
+    }
+    std::string LastBox() const {
+        const auto& shown = world.boxes.shown();
+        return shown.empty() ? "" : shown.back().title + "|" + shown.back().text;
+    }
+    // The frames sent since the last call of ClearSent, as hexadecimal text.
+    std::vector<std::string> Sent() const {
+        std::vector<std::string> frames;
+        for (const std::string& frame : world.tcpsend.sent()) frames.push_back(HexText(frame));
+        return frames;
+    }
+};
+
+// With the demo unit at the other end.
+struct ToolOnUnit : ToolOnLine {
+    explicit ToolOnUnit(const unit::UnitOptions& options = {})
+        : peer(world.tcpsend, world.time, options) {}
+
+    void ReadSettings() {
+        Connect();
+        Click(network.cmdReadNetworkSettings);
+    }
+
+    UnitPeer peer;
+};
+
+// With a peer that the test writes.
+struct ToolOnScript : ToolOnLine {
+    ScriptedPeer peer{world.tcpsend};
+};
+
+}  // namespace kestrane
