@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 #include "support/scripted_peer.h"
@@ -35,9 +36,10 @@ struct ToolOnLine {
     void Type(TextBox& box, const std::string& text) {
         EXPECT_EQ(tool.hand.Type(box, text).value_or(""), "");
     }
-    // Begins a click whose handling goes on while events are handled.
-    void ClickLater(Control& control) {
-        world.loop.Post([this, &control] { Click(control); });
+    // Something that happens in the middle of a wait. A handling that waits is begun so, too, or
+    // else the test itself would stand still until it has returned.
+    void After(int milliseconds, std::function<void()> action) {
+        world.time.After(std::chrono::milliseconds(milliseconds), std::move(action));
     }
     std::string LastBox() const {
         const auto& shown = world.boxes.shown();

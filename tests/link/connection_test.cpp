@@ -1,0 +1,245 @@
+// Connect, disconnect, the state table, and waits that outlive their connection.
+
+#include <gtest/gtest.h>
+
+#include "support/tool_on_line.h"
+
+namespace kestrane {
+namespace {
+
+struct Connection : ::testing::Test, ToolOnScript {
+    // A settings read that finds nobody answering, and the loss of its connection inside the wait.
+    // Runs `rounds` times, each inside the wait that the one before has left behind.
+    void LoseConnectionsInsideReads(int rounds, std::function<void()> then) {
+        Click(form.cmdConnect);
+        After(300, [this] { Click(network.cmdReadNetworkSettings); });
+        After(600, [this] { world.tcpsend.CloseByPeer(); });
+        After(900, [this, rounds, then] {
+            rounds > 1 ? LoseConnectionsInsideReads(rounds - 1, then) : then();
+        });
+    }
+};
+
+TEST_F(Connection, StartsOnTheNetworkTabWithNothingToReadAndAClosedSocket) {
+    Wait(100);
+    EXPECT_EQ(form.SSTab1.Tab(), 0);
+    EXPECT_EQ(form.lblNotLoggedIn.Caption(), "Socket is closed");
+    EXPECT_EQ(form.lblNotLoggedIn.ForeColor(), kGreen);
+    EXPECT_TRUE(form.fraIPAddress.Enabled());
+    EXPECT_FALSE(network.cmdReadNetworkSettings.Usable());
+    EXPECT_FALSE(network.fraNetworkSettings.Enabled());
+    EXPECT_EQ(session.LastTabIndex, 8);
+    for (const TabState& tab : form.SSTab1.Tabs()) EXPECT_FALSE(tab.enabled) << tab.caption;
+}
+
+TEST_F(Connection, EveryStateHasItsText) {
+    const std::pair<SocketState, const char*> texts[] = {
+        {SocketState::kOpen, "Socket is open"},
+        {SocketState::kListening, "Socket is listening"},
+        {SocketState::kConnectionPending, "Socket connection pending"},
+        {SocketState::kResolvingHost, "Socket resolving host"},
+        {SocketState::kHostResolved, "Socket host resolved"},
+        {SocketState::kConnecting, "Socket is connecting"},
+        {static_cast<SocketState>(12), "Socket state unknown"}};
+    for (const auto& [state, text] : texts) {
+        world.tcpsend.ForceState(state);
+        Wait(100);
+        EXPECT_EQ(form.lblNotLoggedIn.Caption(), text);
+        EXPECT_EQ(form.lblNotLoggedIn.ForeColor(), kRed) << text;
+    }
+}
+
+TEST_F(Connection, ConnectedShowsThePortByItsText) {
+    Connect();
+    EXPECT_EQ(form.cmdConnect.Caption(), "Connected");
+    EXPECT_TRUE(network.cmdReadNetworkSettings.Usable());
+    EXPECT_FALSE(form.fraIPAddress.Enabled());
+    EXPECT_TRUE(form.cmdDisconnect.Usable());
+    network.txtTcpControlPort(1).SetText("1243");
+    Wait(100);
+    EXPECT_EQ(form.cmdConnect.Caption(), "Connected Port B");
+    EXPECT_EQ(session.ConnectedPortIndex, 2);
+    Click(form.cmdDisconnect);
+    EXPECT_EQ(session.ConnectedPortIndex, 2) << "it survives a disconnect";
+}
+
+TEST_F(Connection, ARefusedConnectBeepsOnceShowsRedForASecondAndDisconnectsOnce) {
+    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kRefuse);
+    bool seen = false;
+    After(500, [&] {
+        seen =
+            form.lblNotLoggedIn.Caption() == "Socket error" && form.cmdConnect.BackColor() == kRed;
+    });
+    Click(form.cmdConnect);
+    Wait(5000);
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(world.sound.beeps(), 1);
+    EXPECT_EQ(form.lblNotLoggedIn.Caption(), "");
+    EXPECT_TRUE(form.cmdConnect.Usable());
+    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kAccept);
+    Connect();
+}
+
+TEST_F(Connection, BadPortsAndAddressesEndInTheErrorState) {
+    for (const char* port : {"", "abc", "70000", "-1", "99999999999999999999"}) {
+        form.txtCurrentPort.SetText(port);
+        Click(form.cmdConnect);
+        EXPECT_LE(world.tcpsend.port(), 2147483647);
+        Wait(3000);
+        Click(form.cmdDisconnect);
+    }
+}
+
+TEST_F(Connection, AFarEndCloseIsShownUntilTheNextConnect) {
+    Connect();
+    world.tcpsend.CloseByPeer();
+    Wait(200);
+    EXPECT_EQ(form.cmdDisconnect.Caption(), "Timeout Disconnected");
+    EXPECT_EQ(form.cmdDisconnect.BackColor(), kOrange);
+    EXPECT_FALSE(form.timGetResponse.Enabled());
+    Connect();
+    EXPECT_EQ(form.cmdDisconnect.Caption(), "Disconnect");
+}
+
+TEST_F(Connection, ResetEthernetSendsTheRealAddressShowsTheFixedTextAndDisconnects) {
+    Connect();
+    form.OptButID(1).SetChosen(true);
+    network.cmdResetEthernet.SetEnabled(true);
+    Click(network.cmdResetEthernet);
+    EXPECT_EQ(Sent(), std::vector<std::string>{"1002811F0300A31003"});
+    EXPECT_EQ(form.Label2.Caption(), "10 02 FB 1F 03 00 1D 10 03");
+    EXPECT_EQ(form.Label3.Caption(), "?");
+    Wait(1900);
+    EXPECT_EQ(world.tcpsend.State(), SocketState::kConnected);
+    Wait(200);
+    EXPECT_EQ(world.tcpsend.State(), SocketState::kClosed);
+    EXPECT_TRUE(form.timDisconnect.Enabled()) << "it runs on until the next connect";
+    Connect();
+    Wait(3000);
+    EXPECT_EQ(world.tcpsend.State(), SocketState::kConnected);
+}
+
+TEST_F(Connection, AWaitOutlivesItsConnectionAndSendsNothingOnTheNext) {
+    const std::string command = ReadCommand(250, 0);
+    bool accepted = false;
+    int depth_without_exchange = 0;
+    std::size_t frames_before = 0;
+    LoseConnectionsInsideReads(1, [&] {
+        EXPECT_EQ(form.cmdDisconnect.Caption(), "Timeout Disconnected");
+        After(60'000, [&] { Click(form.cmdConnect); });
+        After(70'000, [&] {
+            // Nothing but an exchange of the new connection ends it.
+            depth_without_exchange = world.loop.pump_depth();
+            frames_before = world.tcpsend.frames().size();
+            std::string reply = command + std::string(16, 'x');
+            AddEscapesAndChecksum(reply);
+            peer.Reply(FrameOf(reply));
+            const Link::Operation operation(tool.link);
+            accepted = tool.link.Command(command);
+        });
+    });
+    Wait(71'000);
+    EXPECT_EQ(depth_without_exchange, 2);
+    EXPECT_TRUE(accepted);
+    EXPECT_EQ(world.tcpsend.frames().size(), frames_before + 1)
+        << "the abandoned read has sent on the new connection";
+    EXPECT_FALSE(session.CommandDone) << "the abandoned command counts as failed";
+    EXPECT_EQ(world.loop.pump_depth(), 0);
+}
+
+TEST_F(Connection, ManyConnectionsLostInsideAWaitDoNotPileUp) {
+    bool done = false;
+    peer.set_answer([](std::string_view) { return ""; });
+    LoseConnectionsInsideReads(500, [&] { Click(form.cmdConnect); });
+    After(500 * 900 + 5000, [&] {
+        peer.set_answer([](std::string_view frame) { return std::string(frame); });
+        const Link::Operation operation(tool.link);
+        done = tool.link.Command(ReadCommand(250, 0));
+    });
+    Wait(500 * 900 + 10'000);
+    EXPECT_TRUE(done);
+    EXPECT_LT(world.max_pump_depth(), 40);
+    EXPECT_EQ(world.loop.pump_depth(), 0);
+}
+
+TEST_F(Connection, ADayOfSilenceIsSurvived) {
+    constexpr int kDay = 24 * 3'600'000;
+    world.loop.set_event_limit(10'000'000);
+    form.txtTimeout.SetText("0");
+    Click(form.cmdConnect);
+    After(300, [this] { Click(network.cmdReadNetworkSettings); });
+    int depth = -1;
+    bool read_again = true;
+    // The default of 3 s ends the first wait; what is begun after it has no timeout any more.
+    After(kDay / 2, [&] {
+        read_again = network.cmdReadNetworkSettings.Usable();
+        const Link::Operation operation(tool.link);
+        tool.link.Command(ReadCommand(250, 0));
+    });
+    After(kDay, [&] {
+        depth = world.loop.pump_depth();
+        Click(form.cmdDisconnect);
+    });
+    After(kDay + 100, [this] { Click(form.cmdConnect); });
+    After(kDay + 1000, [this] {
+        peer.set_answer([](std::string_view frame) { return std::string(frame); });
+        const Link::Operation operation(tool.link);
+        EXPECT_TRUE(tool.link.Command(ReadCommand(250, 0)));
+    });
+    Wait(kDay + 5000);
+    EXPECT_FALSE(read_again) << "after a failed read the button stays off for this connection";
+    EXPECT_EQ(depth, 2);
+    EXPECT_LT(world.max_pump_depth(), 10);
+}
+
+TEST_F(Connection, AMegabyteOfGarbageIsTakenAndTheNextConnectWorks) {
+    Connect();
+    world.tcpsend.Deliver(std::string(1 << 20, '\x10'));
+    Wait(200);
+    EXPECT_EQ(session.ReplyBuffer.size(), 1u << 20);
+    Click(form.cmdDisconnect);
+    Connect();
+}
+
+TEST_F(Connection, ClosingTheMainFormEndsTheProgramFromWithinAWait) {
+    Connect();
+    After(500, [this] { tool.hand.Close(form); });
+    EXPECT_THROW(tool.hand.Click(network.cmdReadNetworkSettings), ProgramEnded);
+    EXPECT_EQ(world.loop.exit_status(), 0);
+    EXPECT_EQ(world.tcpsend.State(), SocketState::kClosed);
+}
+
+TEST_F(Connection, CtrlShowsTheDiagnosticsAndShiftTurnsTheMask) {
+    tool.hand.Key(Hand::kCtrlKey);
+    EXPECT_EQ(form.Height(), 11340);
+    tool.hand.Key(Hand::kCtrlKey);
+    EXPECT_EQ(form.Height(), 8490);
+    tool.hand.Key(Hand::kShiftKey);
+    EXPECT_EQ(form.txtAdminPassword.PasswordChar(), "*");
+    session.AdminLoggedIn = true;
+    tool.hand.Key(Hand::kShiftKey);
+    EXPECT_EQ(form.txtAdminPassword.PasswordChar() + form.txtControlPassword.PasswordChar(), "");
+}
+
+TEST_F(Connection, TabsEnableFramesByIndexAndNotByCaption) {
+    session.AdminLoggedIn = true;
+    session.MacroTriggersRead = true;
+    form.SSTab1.SetTab(3);
+    EXPECT_TRUE(form.triggers.fraMacroTrigger.Enabled());
+    EXPECT_FALSE(form.names.fraInletNames.Enabled());
+    form.SSTab1.SetTab(6);
+    EXPECT_TRUE(form.firmware.fraFirmwareUpdate.Enabled());
+    EXPECT_FALSE(form.changeover.fraChangeoverOptions.Enabled());
+    EXPECT_TRUE(form.fraRelayID.Enabled());
+}
+
+TEST(Models, ByTheTwoTypeCodes) {
+    EXPECT_EQ(ModelOf("3D1", "3A9"), "KMD 305TX");
+    EXPECT_EQ(ModelOf("3D3", "3A5"), "KMD 358TX");
+    EXPECT_EQ(ModelOf("3DB", "3A3"), "KMD 380TX");
+    EXPECT_EQ(ModelOf("3D1", "3A5"), "-");
+    EXPECT_EQ(ModelOf("3D0", "3A9"), "-");
+}
+
+}  // namespace
+}  // namespace kestrane
