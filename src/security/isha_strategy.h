@@ -25,7 +25,7 @@ class ISHAStrategy {
     virtual std::uint32_t Expand(std::span<const std::uint32_t> Words, int lRound) const = 0;
 
     // Round `lRound` (0 to NumRounds() - 1) on the working words, with its schedule word.
-    virtual void Round(int lRound, HashWords& Hash, std::uint32_t Value) const = 0;
+    virtual void Round(int lRound, HashWords& Hash, std::uint32_t schedule_word) const = 0;
 
     virtual std::string Output(const HashWords& Hash) const = 0;
 

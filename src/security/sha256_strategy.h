@@ -21,10 +21,10 @@ class SHA256Strategy final : public ISHAStrategy {
                Words[t - 16];
     }
 
-    void Round(int lRound, HashWords& Hash, std::uint32_t Value) const override {
+    void Round(int lRound, HashWords& Hash, std::uint32_t schedule_word) const override {
         const auto [a, b, c, d, e, f, g, h] = Hash;
-        const std::uint32_t t1 =
-            h + BigSigma1(e) + Ch(e, f, g) + constants_[static_cast<std::size_t>(lRound)] + Value;
+        const std::uint32_t t1 = h + BigSigma1(e) + Ch(e, f, g) +
+                                 constants_[static_cast<std::size_t>(lRound)] + schedule_word;
         const std::uint32_t t2 = BigSigma0(a) + Maj(a, b, c);
         Hash = {t1 + t2, a, b, c, d + t1, e, f, g};
     }
