@@ -5,6 +5,8 @@
 
 #include "features/channel_names.h"
 #include "features/macro_triggers.h"
+#include "features/one_wire.h"
+#include "help/help_pages.h"
 #include "link/identity.h"
 #include "link/shell.h"
 #include "link/supervision.h"
@@ -13,10 +15,12 @@
 #include "screen/main_form.h"
 #include "screen/small_forms.h"
 #include "security/password_gate.h"
+#include "security/web_security.h"
 #include "settings/control_ports.h"
 #include "settings/field_editors.h"
 #include "settings/network_read.h"
 #include "settings/network_write.h"
+#include "settings/port_privileges.h"
 
 namespace kestrane {
 
@@ -53,8 +57,12 @@ class Tool {
     PasswordGate password_gate{main_form, login_form, confirm_form, session, link};
     NetworkRead network_read{main_form, session, link, identity};
     NetworkWrite network_write{main_form, session, link};
+    PortPrivileges port_privileges{main_form, session, link};
+    WebSecurity web_security{main_form, session, link};
     ChannelNames channel_names{main_form, session, link};
     MacroTriggers macro_triggers{main_form, session, link};
+    OneWire one_wire{main_form, session, link};
+    Help help{main_form, help_form};
 };
 
 }  // namespace kestrane
