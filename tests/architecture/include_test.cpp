@@ -1,0 +1,73 @@
+// The folders under src/ stand in layers: each may include what this table holds and nothing
+// else. It is the table of CONTRIBUTING.md.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+using Folders = std::set<std::string>;
+
+const Folders kLink = {"text", "platform", "screen", "link"};
+const Folders kTopics = {"settings", "security", "features", "macro", "help"};
+
+Folders Join(Folders a, const Folders& b) {
+    a.insert(b.begin(), b.end());
+    return a;
+}
+
+const Folders kTool = Join(Join(kLink, kTopics), {"tool"});
+
+const std::map<std::string, Folders> kMayInclude = {
+    {"text", {}},
+    {"platform", {"text"}},
+    {"screen", {"text", "platform"}},
+    {"link", {"text", "platform", "screen"}},
+    {"settings", kLink},
+    {"security", kLink},
+    {"features", kLink},
+    {"macro", kLink},
+    {"help", kLink},
+    {"tool", Join(kLink, kTopics)},
+    {"console", kTool},
+    {"forms", kTool},
+    {"host", {"text", "platform"}},
+    {"unit", {"text"}},
+};
+const Folders kWithQt = {"forms", "host", "unit"};
+
+TEST(Architecture, IncludesFollowTheLayers) {
+    const std::filesystem::path root = KESTRANE_SOURCE_DIR;
+    const std::regex own("^\\s*#include \"([a-z]+)/[^\"]+\"");
+    const std::regex qt("^\\s*#include <Q[A-Za-z]+");
+    int lines = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root / "src")) {
+        const auto extension = entry.path().extension();
+        if (extension != ".h" && extension != ".cpp") continue;
+        const auto relative = std::filesystem::relative(entry.path(), root / "src");
+        const std::string folder = relative.begin()->string();
+        ASSERT_TRUE(kMayInclude.contains(folder)) << folder << " is a folder without a layer";
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            std::smatch match;
+            if (std::regex_search(line, match, own)) {
+                ++lines;
+                const std::string to = match[1];
+                EXPECT_TRUE(to == folder || kMayInclude.at(folder).contains(to))
+                    << relative << " must not include " << to << "/";
+            }
+            if (std::regex_search(line, qt)) {
+                EXPECT_TRUE(kWithQt.contains(folder)) << relative << " must not know Qt";
+            }
+        }
+    }
+    EXPECT_GT(lines, 100) << "the sources were not found";
+}
+
+}  // namespace
