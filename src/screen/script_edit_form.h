@@ -31,6 +31,7 @@ struct ScriptEditForm : Form {
     static constexpr int kLowerNames = 201;
 
     static constexpr Colour kOffColour = 0x8080FF;
+    static constexpr Colour kOnColour = 0xC0FFC0;  // of an outlet that is on
 
     ScriptEditForm(Screen& on_screen, std::vector<InsertButton> buttons)
         : Form(on_screen, "frmScriptEdit", "Kestrane Macro Editor"),

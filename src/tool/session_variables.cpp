@@ -40,10 +40,32 @@ SessionVariable Number(const char* name, Integer& number) {
             }};
 }
 
+// The whole image as a text of 512 bytes.
+SessionVariable ImageText(const char* name, MacroMemory& image) {
+    return {name,
+            [&image]() -> Value {
+                std::string text;
+                for (std::size_t i = 0; i < MacroMemory::kSize; ++i) {
+                    text.push_back(static_cast<char>(image.Get(i)));
+                }
+                return text;
+            },
+            [&image](const Value& value) -> std::optional<std::string> {
+                const auto* given = std::get_if<std::string>(&value);
+                if (!given || given->size() != MacroMemory::kSize)
+                    return "takes a text of 512 bytes";
+                for (std::size_t i = 0; i < MacroMemory::kSize; ++i) {
+                    image.Set(i, static_cast<std::uint8_t>((*given)[i]));
+                }
+                return {};
+            }};
+}
+
 }  // namespace
 
 std::vector<SessionVariable> SessionVariables(Tool& tool) {
     Session& s = tool.session;
+    EditorState& editor = tool.macro_editor.state();
     TcpClient& socket = tool.link.platform().tcpsend;
     return {
         Number("RelayAddress", s.RelayAddress),
@@ -72,6 +94,12 @@ std::vector<SessionVariable> SessionVariables(Tool& tool) {
         Flag("MacroChanged", s.MacroChanged),
         Flag("MacroTriggersChanged", s.MacroTriggersChanged),
         Text("ChangeoverStatus", s.ChangeoverStatus),
+        ImageText("MacroMemory", editor.image),
+        Number("MemPointer", editor.MemPointer),
+        Number("ListTop", editor.ListTop),
+        Number("ListRow", editor.ListRow),
+        Number("CurrentOpcode", editor.CurrentOpcode),
+        Number("CurrentSecondByte", editor.CurrentSecondByte),
         {"tcpsend.state", [&socket]() -> Value { return static_cast<long>(socket.State()); },
          [](const Value&) -> std::optional<std::string> { return "can't be set"; }},
     };

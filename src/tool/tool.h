@@ -11,6 +11,7 @@
 #include "link/shell.h"
 #include "link/supervision.h"
 #include "macro/insert_buttons.h"
+#include "macro/macro_editor.h"
 #include "screen/hand.h"
 #include "screen/main_form.h"
 #include "screen/small_forms.h"
@@ -61,8 +62,12 @@ class Tool {
     WebSecurity web_security{main_form, session, link};
     ChannelNames channel_names{main_form, session, link};
     MacroTriggers macro_triggers{main_form, session, link};
+    MacroEditor macro_editor{script_edit_form, main_form, session, link, EditorHooks()};
     OneWire one_wire{main_form, session, link};
     Help help{main_form, help_form};
+
+  private:
+    MacroEditorHooks EditorHooks();
 };
 
 }  // namespace kestrane
