@@ -43,6 +43,7 @@ Console::Console(Tool& tool, ScriptedOperator& scripted, ConsoleOptions options)
       deadline_(tool.link.platform().timers.NewTimer([this] { DeadlineReached(); })),
       end_watch_(tool.link.platform().timers.NewTimer([this] { WatchTick(); })) {
     tool_.screen.AddListener(*this);
+    scripted_.set_tell([this](const Json& event) { Tell(event); });
     loop_.AfterEvents([this] { Settle(false); });
 }
 

@@ -18,7 +18,8 @@ class ScriptedOperator : public MessageBoxes, public FileDialogs, public Sound {
   public:
     using Tell = std::function<void(const Json& event)>;
 
-    explicit ScriptedOperator(Tell tell) : tell_(std::move(tell)) {}
+    // Who is told; until it is set, nobody.
+    void set_tell(Tell tell) { tell_ = std::move(tell); }
 
     // Each answer is for one box, in the order given. A box that has no such button takes its
     // first one, as a box without an answer does, and uses the answer up.
@@ -32,7 +33,7 @@ class ScriptedOperator : public MessageBoxes, public FileDialogs, public Sound {
     void Beep() override;
 
   private:
-    Tell tell_;
+    Tell tell_ = [](const Json&) {};
     std::deque<BoxButton> answers_;
     std::deque<std::string> files_;
 };
