@@ -1,0 +1,52 @@
+#pragma once
+
+// The options that kestrane-cli and kestrane-config share, and what they set on the tool.
+
+#include <CLI/CLI.hpp>
+#include <optional>
+#include <string>
+
+#include "tool/tool.h"
+
+namespace kestrane {
+
+struct UnitAddress {
+    std::string host;
+    std::optional<int> port;
+};
+
+// HOST, HOST:PORT, [V6]:PORT or a bare IPv6 address. Nothing, with the reason in `error`, for
+// anything else.
+std::optional<UnitAddress> ParseUnitAddress(const std::string& text, std::string& error);
+
+class CallOptions {
+  public:
+    // Adds the options to a program's command line.
+    void AddTo(CLI::App& app);
+    // Checks what was given; one line if something is wrong, else empty.
+    std::string Check();
+
+    bool demo() const { return demo_; }
+    const ToolOptions& tool_options() const { return tool_options_; }
+    bool has_versions_url() const { return !versions_url_.empty(); }
+    // In milliseconds; nothing: the tool's own.
+    std::optional<int> timeout() const { return timeout_; }
+
+    // A demo unit that this program has started.
+    void UseDemo(int port, int versions_port);
+
+    // Fills the boxes of the connection panel; call it when the main form is up. A time-out holds
+    // from the first command on, and as for any value of its box, until a disconnect.
+    void Apply(Tool& tool) const;
+
+  private:
+    std::string unit_text_;
+    std::string timeout_text_;
+    std::string versions_url_;
+    bool demo_ = false;
+    std::optional<UnitAddress> unit_;
+    std::optional<int> timeout_;
+    ToolOptions tool_options_;
+};
+
+}  // namespace kestrane
