@@ -3,7 +3,9 @@
 // One whole tool: the screen, the session, the link, and every topic joined to its controls. Both
 // faces, windows and scripts, stand on this.
 
+#include "features/changeover.h"
 #include "features/channel_names.h"
+#include "features/firmware.h"
 #include "features/macro_triggers.h"
 #include "features/one_wire.h"
 #include "help/help_pages.h"
@@ -62,6 +64,8 @@ class Tool {
     WebSecurity web_security{main_form, session, link};
     ChannelNames channel_names{main_form, session, link};
     MacroTriggers macro_triggers{main_form, session, link};
+    Changeover changeover{main_form, session, link};
+    Firmware firmware{main_form, session, link, options.versions_url};
     MacroEditor macro_editor{script_edit_form, main_form, session, link, EditorHooks()};
     OneWire one_wire{main_form, session, link};
     Help help{main_form, help_form};
