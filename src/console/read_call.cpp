@@ -1,0 +1,174 @@
+#include "console/read_call.h"
+
+#include <algorithm>
+
+#include "console/call_driver.h"
+#include "macro/instruction_set.h"
+#include "text/text.h"
+
+namespace kestrane {
+namespace {
+
+// One line of the table: control, label, value.
+struct Row {
+    std::string name;
+    std::string label;
+    Json value;
+};
+
+struct TabResult {
+    const TabRow* tab;
+    std::vector<Row> rows;
+};
+
+std::string LabelText(const Control& control) {
+    std::string text;
+    const auto caption = [](const auto& of) { return of.Caption(); };
+    if (control.kind() == Kind::kCheckBox) text = caption(static_cast<const CheckBox&>(control));
+    if (control.kind() == Kind::kOptionButton) {
+        text = caption(static_cast<const OptionButton&>(control));
+    }
+    if (!text.empty()) return text;
+    const Label* label = LabelOf(control);
+    return label ? label->Caption() : std::string();
+}
+
+std::vector<Row> RowsOfPage(const MainForm& form, const TabRow& tab) {
+    std::vector<Row> rows;
+    for (const Control* control : ValueControls(form, tab)) {
+        rows.push_back({control->name(), FromByteText(LabelText(*control)),
+                        ToJson(control->Properties().front().second)});
+    }
+    return rows;
+}
+
+// The macro program, named by its addresses: "10" to "7F".
+std::vector<Row> RowsOfProgram(const MacroMemory& program, const std::string& unit_type) {
+    constexpr int kFirst = MacroMemory::kProgramBegin / 2;
+    constexpr int kEnd = MacroMemory::kProgramEnd / 2;
+    std::vector<Row> rows;
+    for (int address = kFirst; address < kEnd; ++address) {
+        const auto at = static_cast<std::uint8_t>(address);
+        const std::uint8_t opcode = program.Opcode(at);
+        const std::uint8_t second = program.SecondByte(at);
+        rows.push_back({HexByte(at), HexByte(opcode) + " " + HexByte(second),
+                        FromByteText(CmdDecode(opcode, second, unit_type))});
+    }
+    return rows;
+}
+
+// What a combo box shows stands beside its index.
+std::string Shown(const MainForm& form, const Row& row) {
+    if (const auto* combo = dynamic_cast<const ComboBox*>(form.Find(row.name))) {
+        if (combo->ListIndex() < 0) return "-1";
+        const auto& item = combo->Items()[static_cast<std::size_t>(combo->ListIndex())];
+        return std::to_string(combo->ListIndex()) + " (" + FromByteText(item) + ")";
+    }
+    if (!row.value.is_string()) return row.value.dump();
+    // Control codes would spoil the table, and the terminal.
+    std::string text;
+    for (const char c : row.value.get<std::string>()) {
+        const auto byte = static_cast<unsigned char>(c);
+        text += byte < 0x20 || byte == 0x7F ? "\\x" + HexByte(byte) : std::string(1, c);
+    }
+    return text;
+}
+
+// Characters and not bytes, for the columns.
+std::size_t Width(const std::string& utf8) {
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    }));
+}
+
+std::string Padded(const std::string& utf8, std::size_t width) {
+    return utf8 + std::string(width - std::min(width, Width(utf8)), ' ');
+}
+
+class ReadCall : public Call {
+  public:
+    const char* name() const override { return "read"; }
+    const char* description() const override {
+        return "Read the settings, then the named tabs (all, if none is named), and print them";
+    }
+
+    void AddTo(CLI::App& app) override {
+        app.add_option("TAB", names_,
+                       "network, privileges, security, names, triggers, 1wire, changeover, "
+                       "firmware, macro");
+        app.add_flag("--json", json_, "Print one JSON object: tab, control, value");
+    }
+
+    std::string Check(Tool& /*tool*/) override {
+        tabs_.clear();
+        for (const std::string& wanted : names_) {
+            const TabRow* const tab = FindTab(wanted);
+            if (!tab) return "there is no tab \"" + wanted + "\"; see kestrane-cli read --help";
+            if (std::find(tabs_.begin(), tabs_.end(), tab) == tabs_.end()) tabs_.push_back(tab);
+        }
+        if (!tabs_.empty()) return {};
+        for (const TabRow& tab : TabRows()) tabs_.push_back(&tab);
+        return {};
+    }
+
+    int Run(CallContext& context) override {
+        CallDriver driver(context);
+        const TabRow& network = *FindTab("network");
+        std::vector<TabResult> results;
+        bool good = driver.Connect() && driver.Read(network);
+        for (const TabRow* tab : tabs_) {
+            if (!good) break;
+            // A unit of another type has no such tab; only asking for it by name is a mistake.
+            if (names_.empty() && driver.Missing(*tab)) continue;
+            good = tab == &network || driver.Read(*tab);
+            if (good) results.push_back(ResultOf(context.tool, driver, *tab));
+        }
+        json_ ? PrintJson(context, results) : PrintTable(context, results);
+        if (!good) context.complain(driver.Failure());
+        return good ? kExitDone : kExitUnit;
+    }
+
+  private:
+    static TabResult ResultOf(Tool& tool, const CallDriver& driver, const TabRow& tab) {
+        if (tab.kind == TabKind::kMacro) {
+            return {&tab, RowsOfProgram(driver.Program(), tool.session.UnitType)};
+        }
+        return {&tab, RowsOfPage(tool.main_form, tab)};
+    }
+
+    static void PrintJson(CallContext& context, const std::vector<TabResult>& results) {
+        Json all = Json::object();
+        for (const TabResult& result : results) {
+            Json& tab = all[result.tab->name] = Json::object();
+            for (const Row& row : result.rows) tab[row.name] = row.value;
+        }
+        context.print(ToLine(all));
+    }
+
+    static void PrintTable(CallContext& context, const std::vector<TabResult>& results) {
+        for (const TabResult& result : results) {
+            std::size_t name_width = 0;
+            std::size_t label_width = 0;
+            for (const Row& row : result.rows) {
+                name_width = std::max(name_width, Width(row.name));
+                label_width = std::max(label_width, Width(row.label));
+            }
+            context.print(result.tab->name);
+            for (const Row& row : result.rows) {
+                context.print("  " + Padded(row.name, name_width) + "  " +
+                              Padded(row.label, label_width) + "  " +
+                              Shown(context.tool.main_form, row));
+            }
+        }
+    }
+
+    std::vector<std::string> names_;
+    bool json_ = false;
+    std::vector<const TabRow*> tabs_;
+};
+
+}  // namespace
+
+std::unique_ptr<Call> MakeReadCall() { return std::make_unique<ReadCall>(); }
+
+}  // namespace kestrane

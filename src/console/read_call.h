@@ -1,0 +1,11 @@
+#pragma once
+
+// `kestrane-cli read [TAB...]`: reads the unit and prints what the tabs show.
+
+#include "console/call.h"
+
+namespace kestrane {
+
+std::unique_ptr<Call> MakeReadCall();
+
+}  // namespace kestrane
