@@ -37,7 +37,7 @@ void LightChangeover(const UnitStatus& status, Lights& lights) {
 
 }  // namespace
 
-std::string StatusRecordOf(std::string reply) {
+std::string RecordInReply(std::string reply) {
     RemoveEscapes(reply);
     constexpr std::size_t kAround = kStatusData - 1 + kTail;
     if (reply.size() < kAround || reply[0] != kDle || reply[1] != kStx) return {};

@@ -28,7 +28,7 @@ struct UnitStatus {
 
 // The status record of a reply as it came from the line; empty if that is no status reply. A
 // doubled 0x10 is undone before the length counts.
-std::string StatusRecordOf(std::string reply);
+std::string RecordInReply(std::string reply);
 
 // Nothing unless the record has its 13 bytes.
 std::optional<UnitStatus> ReadStatus(std::string_view record);

@@ -40,7 +40,7 @@ std::string StatusPoll::Exchange(bool& waiting) {
     const Visit visit(state_);
     std::string command = Bytes({session_.RelayAddress, kReadLiveStatus});
     if (!link_.Poll(command, waiting) || visit.Ended()) return {};
-    return StatusRecordOf(session_.ReplyBuffer);
+    return RecordInReply(session_.ReplyBuffer);
 }
 
 void StatusPoll::timUpdate_Timer() { ShowStatus(Exchange(update_waits_)); }

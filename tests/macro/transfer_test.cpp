@@ -1,0 +1,288 @@
+#include <random>
+
+#include "editor_test_support.h"
+#include "link/frame.h"
+
+namespace kestrane {
+namespace {
+
+using std::chrono::milliseconds;
+using testing::ElementsAre;
+
+constexpr int kBlocks = 14;
+
+class MacroTransfer : public testing::Test, public EditorOnUnit {
+  protected:
+    void FillUnit(const std::function<int()>& byte) {
+        for (std::size_t at = 0x20; at < 0x100; ++at) peer.unit().Relay().Set(at, byte());
+    }
+    void FillEditor(const std::function<int()>& byte) {
+        for (std::size_t at = 0x20; at < 0x100; ++at) {
+            state.image.Set(at, static_cast<std::uint8_t>(byte()));
+        }
+    }
+    std::vector<std::function<int()>> Images() {
+        return {[] { return 0x10; }, [] { return 0xFF; }, [] { return 0; },
+                [this] { return static_cast<int>(random_() & 0xFF); },
+                [this] { return random_() & 1 ? 0x10 : 0x03; }};
+    }
+    // The status line at each change from now on.
+    std::vector<std::string> StatusWhile(const std::function<void()>& action) {
+        struct Recorder : ScreenListener {
+            void ControlChanged(Control& control, Property property) override {
+                if (&control != label || property != Property::kCaption) return;
+                texts.push_back(label->Caption());
+            }
+            Label* label = nullptr;
+            std::vector<std::string> texts;
+        } recorder;
+        recorder.label = &editor.lblTopStatus;
+        tool.screen.AddListener(recorder);
+        action();
+        tool.screen.RemoveListener(recorder);
+        return recorder.texts;
+    }
+    static std::vector<std::string> Percents(const std::string& text) {
+        std::vector<std::string> all;
+        for (const char* n :
+             {"12", "19", "25", "32", "38", "44", "51", "57", "64", "70", "76", "83", "89", "96"}) {
+            all.push_back(text + " " + n + "%");
+        }
+        return all;
+    }
+
+    std::minstd_rand random_;
+};
+
+TEST_F(MacroTransfer, BringsEveryImageDownWhole) {
+    InEditor([&] {
+        for (const auto& image : Images()) {
+            FillUnit(image);
+            FillEditor([] { return 0x77; });
+            Click(editor.cmdDownload);
+            EXPECT_EQ(HexText(EditorProgram()), HexText(UnitProgram()));
+        }
+    });
+}
+
+TEST_F(MacroTransfer, TakesEveryImageUpWithoutALastOperand) {
+    InEditor([&] {
+        for (const auto& image : Images()) {
+            FillEditor(image);
+            std::string expected = EditorProgram();
+            expected.back() = '\0';
+            session.MacroChanged = true;
+            Click(editor.cmdUpload);
+            EXPECT_EQ(HexText(UnitProgram()), HexText(expected));
+            EXPECT_EQ(HexText(EditorProgram()), HexText(expected));
+            EXPECT_FALSE(session.MacroChanged);
+        }
+    });
+}
+
+TEST_F(MacroTransfer, SendsFourteenBlocksAndTellsHowFarItIs) {
+    InEditor([&] {
+        Wait(1500);
+        world.tcpsend.ClearSent();
+        auto expected = Percents("Downloading unit macro program");
+        expected.push_back("Download completed.");
+        EXPECT_EQ(StatusWhile([&] { Click(editor.cmdDownload); }), expected);
+        const auto reads = SentCommands(kReadMemory);
+        ASSERT_EQ(reads.size(), kBlocks);
+        for (int i = 0; i < kBlocks; ++i) {
+            std::string command = ReadCommand(session.RelayAddress, 32 + 16 * i);
+            AddEscapesAndChecksum(command);
+            std::string frame = FrameOf(command);
+            RemoveEscapes(frame);
+            EXPECT_EQ(HexText(reads[static_cast<std::size_t>(i)]), HexText(frame));
+        }
+        EXPECT_EQ(world.tcpsend.sent().size(), kBlocks);
+
+        expected = Percents("Uploading unit settings");
+        expected.push_back("Upload completed.");
+        EXPECT_EQ(StatusWhile([&] { Click(editor.cmdUpload); }), expected);
+        EXPECT_EQ(SentCommands(kWriteMemory).size(), kBlocks);
+    });
+}
+
+TEST_F(MacroTransfer, TakesLittleMoreThanItsExchanges) {
+    InEditor([&] {
+        for (Button* button : {&editor.cmdDownload, &editor.cmdUpload}) {
+            Wait(1500);
+            const auto start = world.Now();
+            Click(*button);
+            EXPECT_LE(world.Now() - start, milliseconds(500 + kBlocks * 105));
+        }
+    });
+}
+
+TEST_F(MacroTransfer, HoldsEverythingOffWhileItRuns) {
+    InEditor([&] {
+        for (const bool down : {true, false}) {
+            Button& pressed = down ? editor.cmdDownload : editor.cmdUpload;
+            Button& other = down ? editor.cmdUpload : editor.cmdDownload;
+            SetChecked(editor.chkTrace, true);
+            other.SetBackColor(kGreen);
+            bool looked = false;
+            After(1000, [&] {
+                looked = true;
+                EXPECT_EQ(pressed.BackColor(), kRed);
+                EXPECT_EQ(other.BackColor(), kButtonFace);
+                EXPECT_EQ(editor.Pointer(), Form::kHourglass);
+                EXPECT_FALSE(editor.chkTrace.Checked());
+                for (const Control* control : editor.controls()) {
+                    switch (control->kind()) {
+                        case Kind::kButton:
+                        case Kind::kCheckBox:
+                        case Kind::kTextBox:
+                        case Kind::kScrollBar:
+                            EXPECT_FALSE(control->Enabled()) << control->name();
+                            break;
+                        default:
+                            break;
+                    }
+                }
+                EXPECT_FALSE(editor.timUpdate.Enabled());
+                EXPECT_FALSE(editor.timTrace.Enabled());
+            });
+            Click(pressed);
+            EXPECT_TRUE(looked);
+            EXPECT_EQ(pressed.BackColor(), kGreen);
+            EXPECT_EQ(editor.Pointer(), Form::kArrow);
+            EXPECT_TRUE(editor.timUpdate.Enabled());
+            EXPECT_TRUE(editor.cmdUpload.Enabled());
+            EXPECT_FALSE(editor.cmdReadLocks.Enabled());
+            Wait(999);
+            EXPECT_EQ(pressed.BackColor(), kGreen);
+            Wait(2);
+            EXPECT_EQ(pressed.BackColor(), kButtonFace);
+            EXPECT_FALSE(editor.timUDColour.Enabled());
+        }
+    });
+}
+
+// A failed block leaves the loop running: its 16 bytes come from the reply before it.
+TEST_F(MacroTransfer, IsBlindToFailedBlocks) {
+    InEditor([&] {
+        FillUnit([n = 0]() mutable { return 0x20 + n++ / 16; });
+        Wait(1500);
+        peer.line().PassNext(5);
+        peer.line().DropNext(1);
+        Click(editor.cmdDownload);
+        EXPECT_EQ(state.image.Get(0x20 + 4 * 16), 0x24);
+        EXPECT_EQ(state.image.Get(0x20 + 5 * 16), 0x24);
+        EXPECT_EQ(state.image.Get(0x20 + 6 * 16), 0x26);
+        EXPECT_EQ(editor.lblTopStatus.Caption(), "Download completed.");
+
+        FillEditor([] { return 0x55; });
+        FillUnit([] { return 0xEE; });
+        // Without the right to write macros each block has its refusal, and the next one follows.
+        peer.unit().Relay().Set(unit::kPrivileges, 0);
+        const auto boxes = world.boxes.shown().size();
+        world.tcpsend.ClearSent();
+        Click(editor.cmdUpload);
+        EXPECT_EQ(SentCommands(kWriteMemory).size(), kBlocks);
+        EXPECT_EQ(world.boxes.shown().size() - boxes, kBlocks);
+        EXPECT_EQ(LastBox(), "Privileges|Denied due to privilege settings");
+        EXPECT_EQ(UnitProgram(), std::string(224, '\xEE'));
+        EXPECT_EQ(editor.lblTopStatus.Caption(), "Upload completed.");
+    });
+}
+
+TEST_F(MacroTransfer, LeavesABlockUnchangedForAShortReply) {
+    InEditor([&] {
+        FillUnit([] { return 0x22; });
+        FillEditor([] { return 0x11; });
+        Wait(1500);
+        // The echo and ten bytes of data, the rest a tick later.
+        peer.line().PassNext(2);
+        peer.line().SplitNext(8 + 10, milliseconds(150));
+        Click(editor.cmdDownload);
+        EXPECT_EQ(state.image.Get(0x3F), 0x22);
+        EXPECT_EQ(state.image.Get(0x40), 0x11);
+        EXPECT_EQ(state.image.Get(0x4F), 0x11);
+        EXPECT_EQ(state.image.Get(0x70), 0x22);
+    });
+}
+
+// A press in the pause before the first block is the same press twice.
+TEST_F(MacroTransfer, RunsOnceForTwoPresses) {
+    InEditor([&] {
+        Wait(1500);
+        world.tcpsend.ClearSent();
+        const int depth = world.loop.pump_depth();
+        int pressed = 0;
+        for (int i = 0; i < 40; ++i) {
+            After(10 * i + 1, [&] {
+                ++pressed;
+                Click(i % 2 == 0 ? editor.cmdDownload : editor.cmdUpload);
+                Click(editor.cmdGetStatus);
+                Click(editor.cmdGoTo);
+                EXPECT_EQ(world.loop.pump_depth(), depth + 1);
+            });
+        }
+        Click(editor.cmdDownload);
+        EXPECT_EQ(pressed, 40);
+        EXPECT_EQ(world.tcpsend.sent().size(), kBlocks);
+    });
+}
+
+// The connection goes in the middle, and the operator makes a new one before the wait of the old
+// one has ended.
+TEST(LostTransfer, EndsWithItsConnection) {
+    for (const bool down : {true, false}) {
+        for (const int when : {100, 520, 700, 1310, 1800}) {
+            SCOPED_TRACE(when);
+            EditorOnUnit world;
+            world.InEditor([&] {
+                world.Put(0x7E, 0x44, 0x44);
+                world.After(when, [&] {
+                    world.form.cmdDisconnect.on_click();
+                    world.CloseEditor();
+                    world.form.cmdConnect.on_click();
+                });
+                world.After(when + 300, [&] { world.network.cmdReadNetworkSettings.on_click(); });
+                world.Click(down ? world.editor.cmdDownload : world.editor.cmdUpload);
+            });
+            world.Wait(3000);
+            // Read settings is all that the new connection has carried.
+            for (const auto& frame : world.world.tcpsend.frames()) {
+                if (frame.connection < 2) continue;
+                EXPECT_NE(ByteAt(frame.bytes, 4), kWriteMemory);
+            }
+            EXPECT_EQ(world.EditorProgram(), std::string(224, '\0'));
+            EXPECT_NE(world.peer.unit().Relay().At(0xFC), 0x44);
+            EXPECT_EQ(world.form.lblMemoryBlock.Caption(), "Reading memory complete.");
+        }
+    }
+}
+
+class OfflineTransfer : public testing::Test, public OfflineEditor {};
+
+TEST_F(OfflineTransfer, OnlySaysThatItIsDone) {
+    InEditor([&] {
+        EXPECT_EQ(editor.lblTopStatus.Caption(), "Download completed.");
+        state.image.Set(255, 0x33);
+        state.image.Set(254, 0x22);
+        for (const bool down : {true, false}) {
+            SetChecked(editor.chkTrace, true);
+            MoveTo(0x30);
+            Type(editor.txtSecondByteHex, "07");
+            session.MacroChanged = true;
+            Click(down ? editor.cmdDownload : editor.cmdUpload);
+            EXPECT_EQ(editor.lblTopStatus.Caption(),
+                      down ? "Download completed." : "Upload completed.");
+            EXPECT_EQ(editor.txtSecondByteHex.Text(), down ? "00" : "07");
+            EXPECT_TRUE(editor.chkTrace.Checked());
+            EXPECT_TRUE(editor.timTrace.Enabled());
+            EXPECT_FALSE(editor.timUpdate.Enabled());
+            EXPECT_TRUE(editor.timUDColour.Enabled());
+            EXPECT_FALSE(session.MacroChanged);
+            EXPECT_EQ(state.image.Get(255), down ? 0x33 : 0x00);
+            EXPECT_EQ(state.image.Get(254), 0x22);
+        }
+    });
+}
+
+}  // namespace
+}  // namespace kestrane
