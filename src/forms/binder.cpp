@@ -1,0 +1,114 @@
+#include "forms/binder.h"
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include "forms/latin1.h"
+#include "forms/look.h"
+#include "forms/mirror.h"
+
+namespace kestrane {
+namespace {
+
+bool CausedByUser(Qt::FocusReason reason) {
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+           reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
+
+}  // namespace
+
+Binder::Binder(Mirror& mirror, Control& control, QWidget& widget)
+    : QObject(&widget), mirror_(mirror), control_(control), widget_(widget) {
+    widget.setObjectName(QString::fromStdString(control.name()));
+    Watch(widget);
+}
+
+void Binder::Watch(QObject& part) { part.installEventFilter(this); }
+
+bool Binder::EffectivelyEnabled(const Control& control) {
+    if (!control.Enabled()) return false;
+    for (const Container* at = &control.container(); at != nullptr; at = at->parent()) {
+        const auto* frame = dynamic_cast<const Frame*>(at);
+        if (frame && !frame->Enabled()) return false;
+    }
+    return true;
+}
+
+bool Binder::Sync() {
+    bool moved = SyncVisible();
+    const bool enabled = EffectivelyEnabled(control_);
+    if (enabled != enabled_) {
+        enabled_ = enabled;
+        ApplyEnabled(enabled);
+        moved = true;
+    }
+    SyncColours();
+    SyncKind();
+    return moved;
+}
+
+bool Binder::SyncVisible() {
+    if (control_.Visible() == visible_) return false;
+    visible_ = control_.Visible();
+    widget_.setVisible(visible_);
+    return true;
+}
+
+// Most widgets never have a colour of their own, and then follow the application's palette.
+void Binder::SyncColours() {
+    const bool plain = !control_.ForeColor() && !control_.BackColor();
+    if (colours_known_ && fore_ == control_.ForeColor() && back_ == control_.BackColor()) return;
+    if (!colours_known_ && plain && !fore_ && !back_) {
+        colours_known_ = true;
+        return;
+    }
+    colours_known_ = true;
+    fore_ = control_.ForeColor();
+    back_ = control_.BackColor();
+    widget_.setPalette(MakePalette(QApplication::palette(&widget_)));
+}
+
+QPalette Binder::MakePalette(const QPalette& palette) const {
+    return LabelPalette(palette, control_.ForeColor(), control_.BackColor());
+}
+
+// A press of the mouse may still become a click, and what it leads to may open a box that would
+// swallow the release: so the hand moves only when the button is up again.
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::FocusIn:
+            UserFocus(static_cast<QFocusEvent&>(*event));
+            break;
+        case QEvent::MouseButtonRelease:
+            mirror_.MouseReleased();
+            break;
+        case QEvent::ToolTip: {
+            const auto& help = static_cast<QHelpEvent&>(*event);
+            const QString tip = TipAt(help.pos());
+            if (tip.isEmpty()) break;
+            QToolTip::showText(help.globalPos(), tip, &widget_);
+            return true;
+        }
+        default:
+            break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Binder::UserFocus(const QFocusEvent& event) {
+    if (mirror_.syncing() || !CausedByUser(event.reason())) return;
+    mirror_.FocusByUser(control_, event.reason() == Qt::MouseFocusReason);
+}
+
+QString Binder::TipAt(const QPoint& /*place*/) const {
+    const QString own = ToQtLines(control_.ToolTip());
+    const QString reason = Reason(enabled_);
+    return own.isEmpty() || reason.isEmpty() ? own + reason : own + "\n\n" + reason;
+}
+
+QString Binder::Reason(bool enabled) const {
+    return enabled ? QString() : ToQtLines(mirror_.WhyDisabled(control_));
+}
+
+}  // namespace kestrane

@@ -1,0 +1,102 @@
+#include "forms/layout.h"
+#include "forms/pages.h"
+
+namespace kestrane {
+namespace {
+
+constexpr int kRows = 5;
+constexpr int kFirstLive = 3;
+constexpr int kLiveRows = 4;
+constexpr int kValueColumns = 4;
+
+// A value box with its scroll bar, which runs upwards as the value grows.
+QHBoxLayout* Value(Mirror& mirror, TextBox& box, ScrollBar& bar) {
+    QHBoxLayout* value = Row();
+    value->setSpacing(2);
+    value->addWidget(mirror.Make(box, kValueColumns), 0, Qt::AlignVCenter);
+    QScrollBar* scroll = mirror.Make(bar);
+    scroll->setFixedHeight(2 * scroll->fontMetrics().height() + 4 * kGap);
+    value->addWidget(scroll);
+    return value;
+}
+
+int ValueWidth(const QWidget& widget) {
+    return widget.fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 5 * kGap;
+}
+
+FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
+    Label* const measured[] = {&tab.lblOffTimeMain, &tab.lblOffTimeBackup, &tab.lblPhase,
+                               &tab.lblChangeBack, &tab.lblAlarmDefault};
+    FrameView* frame = mirror.Make(tab.RowGroup(row));
+    QGridLayout* grid = GridIn(frame);
+    grid->setContentsMargins(kMargin, 4, kMargin, 4);
+    if (row < kLiveRows) {
+        const int index = row + kFirstLive;
+        grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index)), 0, 0);
+    }
+    grid->addLayout(Value(mirror, tab.txtStartup(row), tab.scrStartup(row)), 0, 1);
+    QLabel* text = mirror.Make(*measured[row]);
+    ReserveWidth(text, "Need two supplies to measure ......");
+    grid->addWidget(text, 0, 2);
+    grid->setColumnMinimumWidth(0, ValueWidth(*frame));
+    grid->setColumnMinimumWidth(1, ValueWidth(*frame));
+    grid->setColumnStretch(2, 1);
+    return frame;
+}
+
+FrameView* Options(Mirror& mirror, ChangeoverTab& tab) {
+    FrameView* frame = mirror.Make(tab.fraChangeoverOptions);
+    QGridLayout* grid = GridIn(frame);
+    auto* heads = new QGridLayout;
+    heads->setContentsMargins(kMargin, 0, kMargin, 0);
+    heads->setHorizontalSpacing(kGap);
+    heads->addWidget(mirror.Make(tab.lblLiveColumn), 0, 0);
+    heads->addWidget(mirror.Make(tab.lblStartupColumn), 0, 1);
+    heads->setColumnMinimumWidth(0, ValueWidth(*frame));
+    heads->setColumnMinimumWidth(1, ValueWidth(*frame));
+    heads->setColumnStretch(2, 1);
+    grid->addLayout(heads, 0, 0);
+    for (int row = 0; row < kRows; ++row) grid->addWidget(Group(mirror, tab, row), row + 1, 0);
+    grid->addLayout(ButtonRow(mirror, {&tab.cmdSaveCurrent(0), &tab.cmdSaveStartup(0)}), kRows + 1,
+                    0);
+    return frame;
+}
+
+FrameView* Inlets(Mirror& mirror, Frame& frame, ControlArray<OptionButton>& options) {
+    FrameView* view = mirror.Make(frame);
+    QGridLayout* grid = GridIn(view);
+    int row = 0;
+    for (OptionButton& option : options) grid->addWidget(mirror.Make(option), row++, 0);
+    return view;
+}
+
+FrameView* DefaultInlet(Mirror& mirror, ChangeoverTab& tab) {
+    FrameView* frame = mirror.Make(tab.fraDefaultInlet);
+    QGridLayout* grid = GridIn(frame);
+    grid->addWidget(Inlets(mirror, tab.fraDefaultInletLive, tab.optInLive), 0, 0);
+    grid->addWidget(Inlets(mirror, tab.fraDefaultInletStart, tab.optInE2P), 0, 1);
+    grid->addWidget(mirror.Make(tab.lblDefaultIn), 1, 0, 1, 2);
+    grid->addWidget(mirror.Make(tab.lblLockout), 2, 0, 1, 2);
+    grid->addWidget(mirror.Make(tab.cmdSaveCurrent(1)), 3, 0);
+    grid->addWidget(mirror.Make(tab.cmdSaveStartup(1)), 3, 1);
+    return frame;
+}
+
+}  // namespace
+
+QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab) {
+    auto* page = new QWidget;
+    auto* outer = new QVBoxLayout(page);
+    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
+    outer->setSpacing(kBetweenFrames);
+    auto* frames = Row();
+    frames->setSpacing(kBetweenFrames);
+    frames->addWidget(Options(mirror, tab), 0, Qt::AlignTop);
+    frames->addWidget(DefaultInlet(mirror, tab), 0, Qt::AlignTop);
+    frames->addStretch(1);
+    outer->addLayout(frames, 1);
+    outer->addLayout(ButtonRow(mirror, {&tab.cmdReadCMSOptions}));
+    return page;
+}
+
+}  // namespace kestrane

@@ -1,0 +1,95 @@
+#include "forms/form_window.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include "forms/latin1.h"
+
+namespace kestrane {
+
+FormWindow::FormWindow(Form& form, Hand& hand, WhyDisabledFunction why_disabled, QWidget* owner)
+    : QWidget(owner, owner ? Qt::Dialog : Qt::Window),
+      mirror_(form, hand, std::move(why_disabled)) {
+    setObjectName(QString::fromStdString(form.name()));
+    setAttribute(Qt::WA_AlwaysShowToolTips);
+    // A dialog has no disabled main window behind it in the model either: it comes first.
+    if (owner) setWindowModality(Qt::ApplicationModal);
+    mirror_.OnFormChanged([this] { FormChanged(); });
+    FormWindow::FormChanged();
+}
+
+void FormWindow::SetKeys(Button* on_enter, Button* on_escape) {
+    on_enter_ = on_enter;
+    on_escape_ = on_escape;
+}
+
+void FormWindow::FormChanged() {
+    setWindowTitle(ToQt(form().Caption()));
+    if (form().Pointer() == Form::kHourglass) {
+        setCursor(Qt::WaitCursor);
+    } else {
+        unsetCursor();
+    }
+}
+
+void FormWindow::ShowCentred() {
+    mirror_.Refresh();
+    const QRect available = screen()->availableGeometry();
+    const QSize wanted = size().expandedTo(sizeHint());
+    resize(wanted.boundedTo(available.size() - QSize(40, 60)));
+    const QPoint middle =
+        parentWidget() ? parentWidget()->window()->frameGeometry().center() : available.center();
+    QPoint corner = middle - rect().center();
+    corner.setX(std::max(available.left(), corner.x()));
+    corner.setY(std::max(available.top(), corner.y()));
+    move(corner);
+    show();
+    raise();
+    activateWindow();
+}
+
+// The logic decides what a close means, and it may ask first.
+void FormWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    mirror_.Post([this] { mirror_.hand().Close(form()); });
+}
+
+// What no control of the form has taken.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Control:
+        case Qt::Key_Shift:
+            if (!event->isAutoRepeat() && form().Reachable()) {
+                mirror_.hand().Key(event->key() == Qt::Key_Shift ? Hand::kShiftKey
+                                                                 : Hand::kCtrlKey);
+            }
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            PressEnter();
+            break;
+        case Qt::Key_Escape:
+            if (on_escape_) mirror_.Click(*on_escape_);
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+// Enter presses the button that has the focus, or else the form's own.
+void FormWindow::PressEnter() {
+    Control* const focused = form().Focused();
+    if (focused && focused->kind() == Kind::kButton) {
+        mirror_.Click(*focused);
+    } else if (on_enter_) {
+        mirror_.Click(*on_enter_);
+    }
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) mirror_.ForgetColours();
+    QWidget::changeEvent(event);
+}
+
+}  // namespace kestrane

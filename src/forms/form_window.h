@@ -1,0 +1,41 @@
+#pragma once
+
+// The window of one form: it is shown and hidden as the screen tells, and passes its title bar's
+// close, the Ctrl and Shift keys, Enter and Escape to the hand.
+
+#include <QWidget>
+
+#include "forms/mirror.h"
+
+namespace kestrane {
+
+class FormWindow : public QWidget {
+  public:
+    FormWindow(Form& form, Hand& hand, WhyDisabledFunction why_disabled, QWidget* owner);
+
+    Mirror& mirror() { return mirror_; }
+    Form& form() const { return mirror_.form(); }
+
+    // In the middle of its owner, or of the screen if it has none.
+    void ShowCentred();
+
+  protected:
+    // Enter clicks this button, Escape that one; either may be null.
+    void SetKeys(Button* on_enter, Button* on_escape);
+    // Title, pointer; the form's other properties are for the derived window.
+    virtual void FormChanged();
+
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+    Mirror mirror_;
+
+  private:
+    void PressEnter();
+
+    Button* on_enter_ = nullptr;
+    Button* on_escape_ = nullptr;
+};
+
+}  // namespace kestrane

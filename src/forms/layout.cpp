@@ -1,0 +1,86 @@
+#include "forms/layout.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <algorithm>
+
+namespace kestrane {
+namespace {
+
+constexpr int kButtonPadding = 28;
+
+}  // namespace
+
+QGridLayout* GridIn(FrameView* frame) {
+    auto* grid = new QGridLayout(frame->body());
+    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap - 2);
+    return grid;
+}
+
+QHBoxLayout* Row() {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kGap);
+    return row;
+}
+
+QVBoxLayout* Column() {
+    auto* column = new QVBoxLayout;
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kBetweenFrames);
+    return column;
+}
+
+TextBoxView* AddField(Mirror& mirror, QGridLayout* grid, int row, int column, Label& label,
+                      TextBox& box, int columns) {
+    grid->addWidget(mirror.Make(label), row, column);
+    TextBoxView* view = mirror.Make(box, columns);
+    view->setAccessibleName(QString::fromStdString(label.Caption()));
+    grid->addWidget(view, row, column + 1, Qt::AlignLeft | Qt::AlignVCenter);
+    return view;
+}
+
+QLayout* CheckWithLabel(Mirror& mirror, CheckBox& box, Label& label) {
+    QHBoxLayout* row = Row();
+    QCheckBox* check = mirror.Make(box);
+    check->setAccessibleName(QString::fromStdString(label.Caption()));
+    row->addWidget(check);
+    row->addWidget(mirror.Make(label), 1);
+    mirror.ClickGoesTo(label, box);
+    return row;
+}
+
+QHBoxLayout* ButtonRow(Mirror& mirror, std::initializer_list<Button*> buttons) {
+    QHBoxLayout* row = Row();
+    for (Button* button : buttons) row->addWidget(mirror.Make(*button));
+    row->addStretch(1);
+    return row;
+}
+
+QLabel* Caption(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+void ReserveWidth(QPushButton* button, std::initializer_list<const char*> texts) {
+    int width = 0;
+    for (const char* text : texts) {
+        width = std::max(width, button->fontMetrics().horizontalAdvance(QLatin1String(text)));
+    }
+    button->setMinimumWidth(width + kButtonPadding);
+}
+
+void ReserveWidth(QLabel* label, const char* text) {
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QLatin1String(text)));
+}
+
+QFont FixedPitch() {
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPointSizeF(QApplication::font().pointSizeF());
+    return fixed;
+}
+
+}  // namespace kestrane

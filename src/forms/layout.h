@@ -1,0 +1,52 @@
+#pragma once
+
+// What the forms' layouts have in common: one grid, one set of distances, fields as pairs of label
+// and box.
+
+#include <QGridLayout>
+#include <initializer_list>
+
+#include "forms/mirror.h"
+
+namespace kestrane {
+
+inline constexpr int kGap = 8;
+inline constexpr int kMargin = 10;
+inline constexpr int kBetweenFrames = 12;
+
+// A grid in the body of a frame.
+QGridLayout* GridIn(FrameView* frame);
+
+// A box layout with no margins of its own.
+QHBoxLayout* Row();
+QVBoxLayout* Column();
+
+// A label in `column` and its box to the right of it.
+TextBoxView* AddField(Mirror& mirror, QGridLayout* grid, int row, int column, Label& label,
+                      TextBox& box, int columns = 0);
+
+// A check box with its text behind it; a click on the text counts as one on the box.
+QLayout* CheckWithLabel(Mirror& mirror, CheckBox& box, Label& label);
+
+// Buttons side by side, from the left.
+QHBoxLayout* ButtonRow(Mirror& mirror, std::initializer_list<Button*> buttons);
+
+// A text that is the view's own, no control.
+QLabel* Caption(const QString& text);
+
+// Keeps its place when it is hidden.
+template <class T>
+T* KeepPlace(T* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+    return widget;
+}
+
+// At least as wide as these texts, so that a change among them moves nothing.
+void ReserveWidth(QPushButton* button, std::initializer_list<const char*> texts);
+void ReserveWidth(QLabel* label, const char* text);
+
+QFont FixedPitch();
+
+}  // namespace kestrane

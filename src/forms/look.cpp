@@ -1,0 +1,168 @@
+#include "forms/look.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+#include <algorithm>
+#include <cmath>
+
+namespace kestrane {
+namespace {
+
+constexpr double kReadable = 4.5;
+constexpr Colour kSystemColours = 0x80000000;
+
+double Luminance(const QColor& colour) {
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+QColor Mix(const QColor& a, const QColor& b, double part_of_b) {
+    const auto mix = [part_of_b](float x, float y) {
+        return static_cast<float>(x + (y - x) * part_of_b);
+    };
+    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()),
+                            mix(a.blueF(), b.blueF()));
+}
+
+// Disabled texts stand back, but can still be read.
+void SetDisabledTexts(QPalette& palette) {
+    struct Pair {
+        QPalette::ColorRole text;
+        QPalette::ColorRole ground;
+    };
+    for (const Pair pair :
+         {Pair{QPalette::WindowText, QPalette::Window}, Pair{QPalette::Text, QPalette::Base},
+          Pair{QPalette::ButtonText, QPalette::Button}}) {
+        const QColor ground = palette.color(QPalette::Disabled, pair.ground);
+        const QColor faint = Mix(palette.color(QPalette::Active, pair.text), ground, 0.5);
+        palette.setColor(QPalette::Disabled, pair.text, Readable(faint, ground));
+    }
+}
+
+QPalette LightPalette() {
+    QPalette palette(QColor(0xE4, 0xE7, 0xEB), QColor(0xF3, 0xF4, 0xF6));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xF7, 0xF8, 0xFA));
+    palette.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xC4));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xE6));
+    palette.setColor(QPalette::ToolTipText, Qt::black);
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEE, 0xF0, 0xF2));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0xB4, 0xBA, 0xC2));
+    SetDisabledTexts(palette);
+    return palette;
+}
+
+QPalette DarkPalette() {
+    QPalette palette(QColor(0x3A, 0x3F, 0x46), QColor(0x25, 0x28, 0x2D));
+    palette.setColor(QPalette::WindowText, QColor(0xE8, 0xEA, 0xED));
+    palette.setColor(QPalette::Text, QColor(0xE8, 0xEA, 0xED));
+    palette.setColor(QPalette::ButtonText, QColor(0xE8, 0xEA, 0xED));
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::Base, QColor(0x1A, 0x1D, 0x21));
+    palette.setColor(QPalette::AlternateBase, QColor(0x20, 0x23, 0x28));
+    palette.setColor(QPalette::Highlight, QColor(0x3B, 0x82, 0xD6));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x9A, 0xA0, 0xA8));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3A, 0x3F, 0x46));
+    palette.setColor(QPalette::ToolTipText, QColor(0xE8, 0xEA, 0xED));
+    palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0x25, 0x28, 0x2D));
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(0x55, 0x5B, 0x63));
+    SetDisabledTexts(palette);
+    return palette;
+}
+
+void SetText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground,
+             const QColor& colour) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor ground_colour = palette.color(group, ground);
+        const QColor wanted =
+            group == QPalette::Disabled ? Mix(colour, ground_colour, 0.3) : colour;
+        palette.setColor(group, text, Readable(wanted, ground_colour));
+    }
+}
+
+// A back colour in the tone of the palette: full ones are softened, and dark surroundings get
+// the dark shade of the same hue.
+QColor Ground(const QColor& colour, const QPalette& palette) {
+    if (!IsDark(palette)) return Mix(colour, Qt::white, colour.saturationF() > 0.9f ? 0.35 : 0.0);
+    return QColor::fromHslF(std::max(0.0f, colour.hslHueF()),
+                            std::min(0.55f, colour.hslSaturationF()), 0.27f);
+}
+
+void SetGround(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground,
+               const QColor& colour) {
+    const QColor shade = Ground(colour, palette);
+    const QColor window = palette.color(QPalette::Window);
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const bool disabled = group == QPalette::Disabled;
+        const QColor back = disabled ? Mix(shade, window, 0.55) : shade;
+        palette.setColor(group, ground, back);
+        palette.setColor(group, text, Readable(palette.color(group, text), back));
+    }
+}
+
+bool Normal(std::optional<Colour> fore) {
+    return !fore || *fore == kBlack || !ToQColor(*fore).isValid();
+}
+
+QPalette WithColours(QPalette palette, QPalette::ColorRole text, QPalette::ColorRole ground,
+                     std::optional<Colour> fore, std::optional<Colour> back) {
+    if (back && ToQColor(*back).isValid()) SetGround(palette, text, ground, ToQColor(*back));
+    if (!Normal(fore)) SetText(palette, text, ground, ToQColor(*fore));
+    return palette;
+}
+
+}  // namespace
+
+void ApplyLook(Look look) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const bool dark =
+        look == Look::kDark || (look == Look::kSystem && IsDark(QApplication::palette()));
+    QApplication::setPalette(dark ? DarkPalette() : LightPalette());
+}
+
+QColor ToQColor(Colour colour) {
+    if (colour & kSystemColours) return {};
+    return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                  static_cast<int>(colour >> 16 & 0xFF));
+}
+
+bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }
+
+double Contrast(const QColor& a, const QColor& b) {
+    const double first = Luminance(a) + 0.05;
+    const double second = Luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor Readable(const QColor& colour, const QColor& background) {
+    const bool lighten = Contrast(Qt::white, background) > Contrast(Qt::black, background);
+    QColor shade = colour;
+    for (int step = 0; step < 20 && Contrast(shade, background) < kReadable; ++step) {
+        const float lightness = shade.lightnessF() + (lighten ? 0.05f : -0.05f);
+        shade = QColor::fromHslF(std::max(0.0f, shade.hslHueF()), shade.hslSaturationF(),
+                                 std::clamp(lightness, 0.0f, 1.0f));
+    }
+    return shade;
+}
+
+QPalette LabelPalette(const QPalette& palette, std::optional<Colour> fore,
+                      std::optional<Colour> back) {
+    return WithColours(palette, QPalette::WindowText, QPalette::Window, fore, back);
+}
+
+QPalette BoxPalette(const QPalette& palette, std::optional<Colour> fore,
+                    std::optional<Colour> back) {
+    return WithColours(palette, QPalette::Text, QPalette::Base, fore, back);
+}
+
+QPalette ButtonPalette(const QPalette& palette, std::optional<Colour> fore,
+                       std::optional<Colour> back) {
+    return WithColours(palette, QPalette::ButtonText, QPalette::Button, fore, back);
+}
+
+}  // namespace kestrane

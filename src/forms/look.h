@@ -1,0 +1,39 @@
+#pragma once
+
+// How the windows look: the Fusion style in a light or a dark palette, and the screen's colours
+// made readable on either. The one thing to know: a colour of the model names a meaning (black is
+// "normal", red "bad"), and is shifted in lightness, never in hue, until it can be read.
+
+#include <QColor>
+#include <QPalette>
+
+#include "screen/control.h"
+
+namespace kestrane {
+
+enum class Look { kSystem, kLight, kDark };
+
+// Sets style and palette of the application.
+void ApplyLook(Look look);
+
+// Red, green and blue of a colour; the system's face colours, which have no value of their own,
+// are not valid colours.
+QColor ToQColor(Colour colour);
+
+bool IsDark(const QPalette& palette);
+
+// Contrast of two colours, 1 to 21.
+double Contrast(const QColor& a, const QColor& b);
+
+// `colour` made lighter or darker until it can be read on `background`.
+QColor Readable(const QColor& colour, const QColor& background);
+
+// The palette of a control that stands on `palette`, with its colours set for each state.
+QPalette LabelPalette(const QPalette& palette, std::optional<Colour> fore,
+                      std::optional<Colour> back);
+QPalette BoxPalette(const QPalette& palette, std::optional<Colour> fore,
+                    std::optional<Colour> back);
+QPalette ButtonPalette(const QPalette& palette, std::optional<Colour> fore,
+                       std::optional<Colour> back);
+
+}  // namespace kestrane

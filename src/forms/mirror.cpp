@@ -1,0 +1,257 @@
+#include "forms/mirror.h"
+
+#include <QGuiApplication>
+#include <QSignalBlocker>
+
+#include "forms/binders.h"
+
+namespace kestrane {
+namespace {
+
+// In its window, whether that window is the active one or not.
+bool HasFocus(const QWidget& widget) {
+    const QWidget* const focused = widget.window()->focusWidget();
+    return focused && (focused == &widget || focused == widget.focusProxy());
+}
+
+bool MouseDown() { return QGuiApplication::mouseButtons() != Qt::NoButton; }
+
+}  // namespace
+
+void ChainFocus(const std::vector<QWidget*>& order) {
+    for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+Mirror::Mirror(Form& form, Hand& hand, WhyDisabledFunction why_disabled)
+    : form_(form),
+      hand_(hand),
+      loop_(form.screen().platform().loop),
+      why_disabled_(std::move(why_disabled)) {}
+
+template <class T>
+T* Mirror::Added(std::unique_ptr<T> widget, Binder* binder) {
+    binders_[&binder->control()] = binder;
+    ++syncing_;
+    binder->Sync();
+    --syncing_;
+    if (binder->control().TakesFocus()) made_.push_back(widget.get());
+    return widget.release();
+}
+
+QLabel* Mirror::Make(Label& label) {
+    auto widget = std::make_unique<QLabel>();
+    auto* binder = new LabelBinder(*this, label, *widget);
+    return Added(std::move(widget), binder);
+}
+
+LongTextView* Mirror::MakeLong(Label& label) {
+    auto widget = std::make_unique<LongTextView>();
+    auto* binder = new LongTextBinder(*this, label, *widget);
+    return Added(std::move(widget), binder);
+}
+
+TextBoxView* Mirror::Make(TextBox& box, int columns) {
+    auto widget = std::make_unique<TextBoxView>(*this, box, columns);
+    auto* binder = new TextBoxBinder(*this, box, *widget);
+    return Added(std::move(widget), binder);
+}
+
+QPushButton* Mirror::Make(Button& button) {
+    auto widget = std::make_unique<QPushButton>();
+    auto* binder = new ButtonBinder(*this, button, *widget);
+    return Added(std::move(widget), binder);
+}
+
+QCheckBox* Mirror::Make(CheckBox& box) {
+    auto widget = std::make_unique<QCheckBox>();
+    auto* binder = new CheckBoxBinder(*this, box, *widget);
+    return Added(std::move(widget), binder);
+}
+
+QRadioButton* Mirror::Make(OptionButton& option) {
+    auto widget = std::make_unique<QRadioButton>();
+    auto* binder = new OptionButtonBinder(*this, option, *widget);
+    return Added(std::move(widget), binder);
+}
+
+QComboBox* Mirror::Make(ComboBox& box) {
+    auto widget = std::make_unique<QComboBox>();
+    auto* binder = new ComboBoxBinder(*this, box, *widget);
+    return Added(std::move(widget), binder);
+}
+
+QScrollBar* Mirror::Make(ScrollBar& bar) {
+    auto widget = std::make_unique<QScrollBar>(Qt::Vertical);
+    auto* binder = new ScrollBarBinder(*this, bar, *widget);
+    return Added(std::move(widget), binder);
+}
+
+FrameView* Mirror::Make(Frame& frame) {
+    auto widget = std::make_unique<FrameView>();
+    auto* binder = new FrameBinder(*this, frame, *widget);
+    return Added(std::move(widget), binder);
+}
+
+LightView* Mirror::Make(Light& light) {
+    auto widget = std::make_unique<LightView>();
+    auto* binder = new LightBinder(*this, light, *widget);
+    return Added(std::move(widget), binder);
+}
+
+FuseView* Mirror::Make(Image& image) {
+    auto widget = std::make_unique<FuseView>();
+    auto* binder = new PlainBinder(*this, image, *widget);
+    return Added(std::move(widget), binder);
+}
+
+RowView* Mirror::Make(Shape& shape) {
+    auto widget = std::make_unique<RowView>();
+    auto* binder = new ShapeBinder(*this, shape, *widget);
+    return Added(std::move(widget), binder);
+}
+
+void Mirror::Bind(TabControl& tabs, QTabWidget& widget, std::function<void(int)> page_needed) {
+    auto* binder = new TabBinder(*this, tabs, widget, std::move(page_needed));
+    binders_[&tabs] = binder;
+    ++syncing_;
+    binder->Sync();
+    --syncing_;
+}
+
+void Mirror::ClickGoesTo(Label& label, Control& target) {
+    static_cast<LabelBinder*>(binders_.at(&label))->SetClickTarget(target);
+}
+
+QWidget* Mirror::WidgetOf(const Control& control) const {
+    const auto found = binders_.find(&control);
+    return found == binders_.end() ? nullptr : &found->second->widget();
+}
+
+void Mirror::Changed(Control& control) {
+    if (&control == &form_) {
+        form_dirty_ = true;
+        ScheduleRefresh();
+        return;
+    }
+    const auto found = binders_.find(&control);
+    if (found != binders_.end()) {
+        dirty_.insert(found->second);
+        ScheduleRefresh();
+    }
+    if (control.kind() != Kind::kFrame) return;
+    // What stands in a frame is enabled with it.
+    for (const auto& [inner, binder] : binders_) {
+        for (const Container* at = &inner->container(); at != nullptr; at = at->parent()) {
+            if (at == static_cast<Container*>(static_cast<Frame*>(&control))) dirty_.insert(binder);
+        }
+    }
+    ScheduleRefresh();
+}
+
+void Mirror::FocusChanged() {
+    focus_dirty_ = true;
+    ScheduleRefresh();
+}
+
+void Mirror::ForgetColours() {
+    for (const auto& [control, binder] : binders_) {
+        binder->ForgetColours();
+        dirty_.insert(binder);
+    }
+    ScheduleRefresh();
+}
+
+void Mirror::ScheduleRefresh() {
+    if (scheduled_) return;
+    scheduled_ = true;
+    Post([this] { Refresh(); });
+}
+
+void Mirror::Refresh() {
+    scheduled_ = false;
+    ++syncing_;
+    // A tab may bring a page to life in here, whose controls come up to date by themselves.
+    std::unordered_set<Binder*> dirty;
+    dirty.swap(dirty_);
+    for (Binder* binder : dirty) focus_dirty_ |= binder->Sync();
+    if (std::exchange(form_dirty_, false) && form_changed_) form_changed_();
+    if (!dirty.empty() && refreshed_) refreshed_();
+    if (focus_dirty_) SyncFocus();
+    --syncing_;
+}
+
+// While the operator is on the way to a control the model's focus waits.
+void Mirror::SyncFocus() {
+    if (pending_focus_) return;
+    focus_dirty_ = false;
+    Control* const wanted = form_.Focused();
+    QWidget* const widget = wanted ? WidgetOf(*wanted) : nullptr;
+    if (widget) {
+        if (!HasFocus(*widget)) widget->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    for (const auto& [control, binder] : binders_) {
+        if (HasFocus(binder->widget())) binder->widget().window()->focusWidget()->clearFocus();
+    }
+}
+
+void Mirror::FocusByUser(Control& control, bool by_mouse) {
+    pending_focus_ = &control;
+    pending_by_mouse_ = by_mouse;
+    if (!by_mouse) Post([this, &control] { GoTo(control); });
+}
+
+void Mirror::MouseReleased() {
+    if (pending_focus_ && pending_by_mouse_) {
+        Control& control = *pending_focus_;
+        Post([this, &control] { GoTo(control); });
+    }
+    if (on_release_) Post(std::exchange(on_release_, nullptr));
+}
+
+void Mirror::GoTo(Control& control) {
+    // A click has told the hand in the meantime.
+    if (pending_focus_ != &control) return;
+    pending_focus_ = nullptr;
+    control.TakesFocus() ? void(hand_.GoTo(control)) : hand_.Leave();
+    FocusChanged();
+}
+
+void Mirror::Click(Control& control) {
+    // The click itself brings the focus along.
+    if (control.TakesFocus()) pending_focus_ = nullptr;
+    Post([this, &control] {
+        hand_.Click(control);
+        Changed(control);
+        FocusChanged();
+    });
+}
+
+void Mirror::Choose(Control& control, int value) {
+    const auto choose = [this, &control, value] {
+        pending_focus_ = nullptr;
+        hand_.Choose(control, value);
+        Changed(control);
+        FocusChanged();
+    };
+    // Leaving another control may open a box, which a pressed mouse button must not meet.
+    if (MouseDown() && form_.Focused() != &control) {
+        on_release_ = choose;
+    } else {
+        Post(choose);
+    }
+}
+
+void Mirror::Post(std::function<void()> action) {
+    loop_.Post([alive = std::weak_ptr(alive_), action = std::move(action)] {
+        if (alive.lock()) action();
+    });
+}
+
+void Mirror::Beep() { form_.screen().platform().sound.Beep(); }
+
+std::string Mirror::WhyDisabled(const Control& control) const {
+    return why_disabled_ ? why_disabled_(control) : std::string();
+}
+
+}  // namespace kestrane

@@ -1,0 +1,80 @@
+#include "forms/layout.h"
+#include "forms/script_edit_window.h"
+
+namespace kestrane {
+namespace {
+
+constexpr int kOutletsInBlock = 7;
+constexpr int kNameLength = 8;
+
+enum PictureRow { kNumber, kLight, kFuse, kBlock, kUpper, kLower, kOn, kOff };
+
+// The inlets stand apart from the outlets.
+int ColumnOf(int position) {
+    return position < ScriptEditForm::kFirstInlet ? position : position + 1;
+}
+
+void AddPosition(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, int position) {
+    const int column = ColumnOf(position);
+    grid->addWidget(mirror.Make(form.lblFuseNo(position)), kNumber, column, Qt::AlignCenter);
+    grid->addWidget(KeepPlace(mirror.Make(form.pbLED(position))), kLight, column, Qt::AlignCenter);
+    grid->addWidget(KeepPlace(mirror.Make(form.imgFuse(position))), kFuse, column, Qt::AlignCenter);
+    for (const bool upper : {true, false}) {
+        const int first = upper ? ScriptEditForm::kUpperNames : ScriptEditForm::kLowerNames;
+        QLabel* name = mirror.Make(form.lblDesi(first + position));
+        name->setAlignment(Qt::AlignCenter);
+        name->setMinimumWidth(name->fontMetrics().averageCharWidth() * (kNameLength + 1));
+        grid->addWidget(name, upper ? kUpper : kLower, column);
+    }
+    if (position >= ScriptEditForm::kOutlets) return;
+    for (Button* button : {&form.cmdOn(position), &form.cmdOff(position)}) {
+        QPushButton* view = mirror.Make(*button);
+        view->setMinimumWidth(view->fontMetrics().horizontalAdvance(QStringLiteral("OFF 14")) +
+                              2 * kGap);
+        grid->addWidget(view, button == &form.cmdOn(position) ? kOn : kOff, column);
+    }
+}
+
+void AddBar(Mirror& mirror, QGridLayout* grid, Image& image, int first, int last) {
+    FuseView* bar = KeepPlace(mirror.Make(image));
+    bar->MakeBar();
+    const int column = ColumnOf(first);
+    grid->addWidget(bar, kBlock, column, 1, ColumnOf(last) - column + 1);
+}
+
+}  // namespace
+
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
+    auto* picture = new QFrame;
+    picture->setFrameShape(QFrame::StyledPanel);
+    auto* outer = new QVBoxLayout(picture);
+    outer->setContentsMargins(kMargin, kGap, kMargin, kGap);
+    outer->setSpacing(kGap - 2);
+    auto* titles = Row();
+    for (Label* label : {&form.lblTitle, &form.lblTitle2}) {
+        QLabel* title = mirror.Make(*label);
+        QFont bold = title->font();
+        bold.setBold(true);
+        title->setFont(bold);
+        titles->addWidget(title);
+        titles->addSpacing(2 * kGap);
+    }
+    titles->addStretch(1);
+    QCheckBox* wait = mirror.Make(form.chkWait);
+    titles->addWidget(wait);
+    outer->addLayout(titles);
+
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(4);
+    grid->setVerticalSpacing(3);
+    for (int i = 0; i < ScriptEditForm::kPositions; ++i) AddPosition(mirror, grid, form, i);
+    AddBar(mirror, grid, form.imgFuse7Block(0), 0, kOutletsInBlock - 1);
+    AddBar(mirror, grid, form.imgFuse7Block(1), kOutletsInBlock, ScriptEditForm::kOutlets - 1);
+    AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,
+           ScriptEditForm::kSecondInlet);
+    grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, 2 * kGap);
+    outer->addLayout(grid);
+    return picture;
+}
+
+}  // namespace kestrane

@@ -1,0 +1,56 @@
+#pragma once
+
+// All windows of the tool: one for each form, made when it is first shown, and kept in step with
+// the screen from then on.
+
+#include <map>
+#include <memory>
+
+#include "forms/main_window.h"
+#include "forms/script_edit_window.h"
+#include "forms/small_windows.h"
+
+namespace kestrane {
+
+class Windows : public ScreenListener {
+  public:
+    struct Forms {
+        MainForm& main;
+        LoginForm& login;
+        ConfirmPasswordForm& confirm;
+        HelpForm& help;
+        ScriptEditForm& script_edit;
+    };
+
+    // Listens to the screen from now on; the main form must not be up yet.
+    Windows(Screen& screen, Hand& hand, const Forms& forms, WhyDisabledFunction why_disabled = {});
+    ~Windows() override;
+    Windows(const Windows&) = delete;
+    Windows& operator=(const Windows&) = delete;
+
+    // The window of a form, made now if it is not there yet.
+    FormWindow& WindowOf(Form& form);
+
+    // Saves a picture of the form's window as it stands, shown or not, as a PNG file. False for
+    // an unknown form or a file that can't be written.
+    bool Grab(const std::string& form, const std::string& path);
+
+    void ControlChanged(Control& control, Property property) override;
+    void FocusChanged(Form& form) override;
+    void FormShown(Form& form) override;
+    void FormHidden(Form& form) override;
+
+  private:
+    std::unique_ptr<FormWindow> NewWindow(Form& form);
+    FormWindow* Find(const Form& form) const;
+
+    Screen& screen_;
+    Hand& hand_;
+    Forms forms_;
+    WhyDisabledFunction why_disabled_;
+    // Owners before what they own: the main window goes last.
+    std::unique_ptr<MainWindow> main_;
+    std::map<const Form*, std::unique_ptr<FormWindow>> dialogs_;
+};
+
+}  // namespace kestrane
