@@ -9,8 +9,22 @@
 
 namespace kestrane {
 
+QtEventLoop::QtEventLoop() { QCoreApplication::instance()->installEventFilter(&events_); }
+
+bool QtEventLoop::Counter::eventFilter(QObject*, QEvent*) {
+    ++count;
+    return false;
+}
+
 void QtEventLoop::Pump() {
-    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    // Qt handles posted events in batches. When one of a batch pumps, a waiting processEvents
+    // would sleep with the rest of the batch pending, so these are handled first, and only if
+    // there were none may it sleep.
+    const std::uint64_t before = events_.count;
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents(events_.count == before
+                                        ? QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents
+                                        : QEventLoop::AllEvents);
     // An observer may add others, or pump.
     for (std::size_t i = 0; i < observers_.size(); ++i) observers_[i]();
 }

@@ -78,6 +78,7 @@ void QtHttpReader::Cancel() {
 void QtHttpReader::Send(const QUrl& url, bool bypass_cache) {
     // Made with the first fetch: it brings a thread of its own.
     if (!manager_) manager_ = std::make_unique<QNetworkAccessManager>();
+    address_ = url;
     reply_ = manager_->get(RequestFor(url, bypass_cache));
     reply_->setReadBufferSize(kReadBuffer);
     QObject::connect(reply_, &QNetworkReply::redirected, &context_,
@@ -87,9 +88,10 @@ void QtHttpReader::Send(const QUrl& url, bool bypass_cache) {
 }
 
 void QtHttpReader::OnRedirect(const QUrl& target) {
-    const QUrl from = reply_->url();
-    const bool leaves_https = from.scheme() == "https" && target.scheme() != "https";
-    if (IsWebAddress(target) && target.host() == from.host() && !leaves_https) {
+    // The reply's own address is the new one already.
+    const bool leaves_https = address_.scheme() == "https" && target.scheme() != "https";
+    if (IsWebAddress(target) && target.host() == address_.host() && !leaves_https) {
+        address_ = target;
         emit reply_->redirectAllowed();
     } else {
         EndWith(kRedirectRefused, "The server redirects to " + target.toString().toStdString());

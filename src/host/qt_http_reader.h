@@ -67,6 +67,7 @@ class QtHttpReader : public HttpReader {
     QTimer total_;
     std::unique_ptr<QNetworkAccessManager> manager_;
     QNetworkReply* reply_ = nullptr;
+    QUrl address_;             // as redirected so far
     std::uint64_t fetch_ = 0;  // changes at each Start, Cancel and end
     Events events_;
     QByteArray content_;

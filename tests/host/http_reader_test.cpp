@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/qt_http_reader.h"
+#include "host_test_support.h"
+
+namespace kestrane {
+namespace {
+
+using std::chrono::milliseconds;
+
+std::string Page(const std::string& status, const std::string& body,
+                 const std::string& headers = "") {
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n" +
+           headers + "Connection: close\r\n\r\n" + body;
+}
+
+class HttpReaderTest : public testing::Test {
+  protected:
+    HttpReaderTest() {
+        limits_.bytes = 1000;
+        reader_ = std::make_unique<QtHttpReader>(limits_);
+    }
+
+    // Answers by the path that was asked for; an unknown path gets no answer.
+    void Serve(QTcpSocket& socket, const std::string& request) {
+        if (request.find("\r\n\r\n") == std::string::npos) return;
+        last_request_ = request;
+        const std::size_t begin = request.find(' ') + 1;
+        const auto page = pages_.find(request.substr(begin, request.find(' ', begin) - begin));
+        if (page == pages_.end()) return;
+        socket.write(page->second.data(), static_cast<qint64>(page->second.size()));
+        socket.disconnectFromHost();
+    }
+
+    std::string Url(const std::string& path, const std::string& host = "127.0.0.1") const {
+        return "http://" + host + ":" + std::to_string(server_.port()) + path;
+    }
+
+    HttpReader::Events Watch() {
+        HttpReader::Events events;
+        events.progress = [this](std::size_t bytes) { progress_ = bytes; };
+        events.complete = [this](const std::string& content) { End(0, content); };
+        events.failed = [this](int number, const std::string& text) { End(number, text); };
+        return events;
+    }
+
+    void End(int number, const std::string& text) {
+        ++ends_;
+        error_ = number;
+        text_ = text;
+    }
+
+    // The error number that the fetch ends with, 0 for success.
+    int Fetch(const std::string& url) {
+        const int before = ends_;
+        reader_->Start(url, true, Watch());
+        EXPECT_EQ(ends_, before) << "an event came out of Start";
+        EXPECT_TRUE(PumpUntil(host_.loop, [&] { return ends_ > before; })) << url;
+        return error_;
+    }
+
+    HostServices host_;
+    std::map<std::string, std::string> pages_;
+    std::string last_request_;
+    LoopbackServer server_{
+        [this](QTcpSocket& socket, const std::string& request) { Serve(socket, request); }};
+    QtHttpReader::Limits limits_;
+    std::unique_ptr<QtHttpReader> reader_;
+    std::size_t progress_ = 0;
+    int ends_ = 0;
+    int error_ = 0;
+    std::string text_;
+};
+
+TEST_F(HttpReaderTest, APage_ArrivesByteForByte) {
+    const std::string body = std::string(994, 'a') + "\t\r\n\xE4\xFF~";
+    pages_["/kestraneversions/"] = Page("200 OK", body);
+    EXPECT_EQ(Fetch(Url("/kestraneversions/")), 0);
+    EXPECT_EQ(text_, body);
+    EXPECT_EQ(progress_, body.size());
+    EXPECT_NE(last_request_.find("no-cache"), std::string::npos) << last_request_;
+}
+
+TEST_F(HttpReaderTest, WhatCountsAsFailed) {
+    pages_["/large"] = Page("200 OK", std::string(1001, 'a'));
+    pages_["/endless"] = "HTTP/1.1 200 OK\r\n\r\n" + std::string(10'000'000, 'a');
+    pages_["/nul"] = Page("200 OK", std::string("a\0b", 3));
+    pages_["/bell"] = Page("200 OK", "a\ab");
+    pages_["/missing"] = Page("404 Not Found", "sorry");
+    pages_["/partial"] = Page("206 Partial Content", "half");
+    pages_["/cut"] = "HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nthat was it";
+    pages_["/nonsense"] = "10 02 FA";
+    pages_["/away"] = Page("302 Found", "", "Location: " + Url("/good", "localhost") + "\r\n");
+    pages_["/file"] = Page("302 Found", "", "Location: file:///etc/passwd\r\n");
+    pages_["/round"] = Page("302 Found", "", "Location: /round\r\n");
+    pages_["/good"] = Page("200 OK", "good");
+    EXPECT_EQ(Fetch(Url("/large")), QtHttpReader::kTooLarge);
+    EXPECT_EQ(Fetch(Url("/endless")), QtHttpReader::kTooLarge);
+    EXPECT_LT(progress_, 100'000u);
+    EXPECT_EQ(Fetch(Url("/nul")), QtHttpReader::kNotText);
+    EXPECT_EQ(Fetch(Url("/bell")), QtHttpReader::kNotText);
+    EXPECT_EQ(Fetch(Url("/missing")), 404);
+    EXPECT_EQ(Fetch(Url("/partial")), 206);
+    EXPECT_NE(Fetch(Url("/cut")), 0);
+    EXPECT_NE(Fetch(Url("/nonsense")), 0);
+    EXPECT_EQ(Fetch(Url("/away")), QtHttpReader::kRedirectRefused);
+    EXPECT_NE(Fetch(Url("/file")), 0);
+    EXPECT_NE(Fetch(Url("/round")), 0);
+    EXPECT_EQ(Fetch("ftp://127.0.0.1/"), QtHttpReader::kBadAddress);
+    EXPECT_EQ(Fetch("nothing of the kind"), QtHttpReader::kBadAddress);
+    LoopbackServer gone;
+    const int free_port = gone.port();
+    gone.StopListening();
+    EXPECT_NE(Fetch("http://127.0.0.1:" + std::to_string(free_port) + "/"), 0);
+    EXPECT_FALSE(text_.empty());
+}
+
+TEST_F(HttpReaderTest, ARedirectOnTheSameHost_IsFollowed) {
+    pages_["/old"] = Page("301 Moved Permanently", "moved", "Location: /new\r\n");
+    pages_["/new"] = Page("200 OK", "new");
+    EXPECT_EQ(Fetch(Url("/old")), 0);
+    EXPECT_EQ(text_, "new");
+}
+
+TEST_F(HttpReaderTest, AServerThatHangs_IsGivenUp) {
+    limits_.total = milliseconds(20);
+    reader_ = std::make_unique<QtHttpReader>(limits_);
+    EXPECT_EQ(Fetch(Url("/no/answer")), QtHttpReader::kTooSlow);
+}
+
+TEST_F(HttpReaderTest, ANewStart_EndsTheOldFetchWithoutAnEvent) {
+    pages_["/one"] = Page("200 OK", "one");
+    pages_["/two"] = Page("200 OK", "two");
+    reader_->Start("no address", true, Watch());
+    reader_->Start(Url("/one"), true, Watch());
+    EXPECT_EQ(Fetch(Url("/two")), 0);
+    EXPECT_EQ(text_, "two");
+    EXPECT_EQ(ends_, 1);
+}
+
+TEST_F(HttpReaderTest, AnEventMayStartPumpOrDestroy) {
+    pages_["/one"] = Page("200 OK", "one");
+    pages_["/two"] = Page("200 OK", "two");
+    auto first = Watch();
+    first.complete = [&](const std::string&) {
+        EXPECT_EQ(Fetch(Url("/two")), 0);
+        EXPECT_EQ(text_, "two");
+        reader_.reset();
+    };
+    reader_->Start(Url("/one"), true, first);
+    EXPECT_TRUE(PumpUntil(host_.loop, [&] { return reader_ == nullptr; }));
+
+    reader_ = std::make_unique<QtHttpReader>(limits_);
+    auto by_progress = Watch();
+    by_progress.progress = [&](std::size_t) { reader_.reset(); };
+    reader_->Start(Url("/one"), true, by_progress);
+    EXPECT_TRUE(PumpUntil(host_.loop, [&] { return reader_ == nullptr; }));
+    EXPECT_EQ(ends_, 1);
+}
+
+}  // namespace
+}  // namespace kestrane
