@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "console/call_driver.h"
+#include "console/shown_value.h"
 #include "macro/instruction_set.h"
 #include "text/text.h"
 
@@ -13,6 +14,7 @@ namespace {
 struct Row {
     std::string name;
     std::string label;
+    std::string shown;
     Json value;
 };
 
@@ -36,7 +38,7 @@ std::string LabelText(const Control& control) {
 std::vector<Row> RowsOfPage(const MainForm& form, const TabRow& tab) {
     std::vector<Row> rows;
     for (const Control* control : ValueControls(form, tab)) {
-        rows.push_back({control->name(), FromByteText(LabelText(*control)),
+        rows.push_back({control->name(), FromByteText(LabelText(*control)), ShownValue(*control),
                         ToJson(control->Properties().front().second)});
     }
     return rows;
@@ -51,27 +53,11 @@ std::vector<Row> RowsOfProgram(const MacroMemory& program, const std::string& un
         const auto at = static_cast<std::uint8_t>(address);
         const std::uint8_t opcode = program.Opcode(at);
         const std::uint8_t second = program.SecondByte(at);
-        rows.push_back({HexByte(at), HexByte(opcode) + " " + HexByte(second),
-                        FromByteText(CmdDecode(opcode, second, unit_type))});
+        const std::string text = CmdDecode(opcode, second, unit_type);
+        rows.push_back({HexByte(at), HexByte(opcode) + " " + HexByte(second), ShownText(text),
+                        FromByteText(text)});
     }
     return rows;
-}
-
-// What a combo box shows stands beside its index.
-std::string Shown(const MainForm& form, const Row& row) {
-    if (const auto* combo = dynamic_cast<const ComboBox*>(form.Find(row.name))) {
-        if (combo->ListIndex() < 0) return "-1";
-        const auto& item = combo->Items()[static_cast<std::size_t>(combo->ListIndex())];
-        return std::to_string(combo->ListIndex()) + " (" + FromByteText(item) + ")";
-    }
-    if (!row.value.is_string()) return row.value.dump();
-    // Control codes would spoil the table, and the terminal.
-    std::string text;
-    for (const char c : row.value.get<std::string>()) {
-        const auto byte = static_cast<unsigned char>(c);
-        text += byte < 0x20 || byte == 0x7F ? "\\x" + HexByte(byte) : std::string(1, c);
-    }
-    return text;
 }
 
 // Characters and not bytes, for the columns.
@@ -156,8 +142,7 @@ class ReadCall : public Call {
             context.print(result.tab->name);
             for (const Row& row : result.rows) {
                 context.print("  " + Padded(row.name, name_width) + "  " +
-                              Padded(row.label, label_width) + "  " +
-                              Shown(context.tool.main_form, row));
+                              Padded(row.label, label_width) + "  " + row.shown);
             }
         }
     }
