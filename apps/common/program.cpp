@@ -1,0 +1,52 @@
+#include "common/program.h"
+
+#include <algorithm>
+
+namespace kestrane {
+
+void WriteLine(FILE* stream, const std::string& line) {
+    std::fwrite(line.data(), 1, line.size(), stream);
+    std::fputc('\n', stream);
+    std::fflush(stream);
+}
+
+void Complaints::operator()(const std::string& text) const {
+    std::string line = program_ + ": " + text;
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    WriteLine(stderr, line);
+}
+
+std::unique_ptr<unit::UnitServer> StartDemo(CallOptions& options, const Complaints& complain) {
+    unit::ServerOptions server_options;
+    server_options.warn = [complain](const std::string& text) { complain("demo unit: " + text); };
+    auto server = std::make_unique<unit::UnitServer>(std::move(server_options));
+    const auto started = server->Listen();
+    if (started.result != unit::UnitServer::Start::kReady) {
+        complain("demo unit: " + started.error);
+        return nullptr;
+    }
+    options.UseDemo(server->Ports()[0], server->VersionsPort());
+    return server;
+}
+
+std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOptions& options,
+                                    const Complaints& complain) {
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::fputs(app.help().c_str(), stdout);
+        return kExitDone;
+    } catch (const CLI::CallForVersion& version) {
+        WriteLine(stdout, version.what());
+        return kExitDone;
+    } catch (const CLI::ParseError& error) {
+        complain(std::string(error.what()) + "; see " + app.get_name() + " --help");
+        return kExitUsage;
+    }
+    const std::string problem = options.Check();
+    if (problem.empty()) return {};
+    complain(problem);
+    return kExitUsage;
+}
+
+}  // namespace kestrane

@@ -1,0 +1,38 @@
+#pragma once
+
+// What the two faces of the tool do alike when they start: lines on the standard streams, the demo
+// unit of --demo, input lines for the console.
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "console/call.h"
+#include "host/input_lines.h"
+#include "unit/unit_server.h"
+
+namespace kestrane {
+
+// Writes the line and its end, and flushes.
+void WriteLine(FILE* stream, const std::string& line);
+
+// One line on standard error that begins with the program's name.
+class Complaints {
+  public:
+    explicit Complaints(std::string program) : program_(std::move(program)) {}
+    void operator()(const std::string& text) const;
+
+  private:
+    std::string program_;
+};
+
+// Starts a demo unit on free loopback ports and makes the options point to it; null, after a
+// complaint, if that fails.
+std::unique_ptr<unit::UnitServer> StartDemo(CallOptions& options, const Complaints& complain);
+
+// Parses a command line. Nothing if the program is to go on, else its exit status: after --help
+// and --version, and after a complaint about a wrong option.
+std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOptions& options,
+                                    const Complaints& complain);
+
+}  // namespace kestrane
