@@ -119,7 +119,11 @@ void Changeover::RefreshPass(const Pass& pass) {
 }
 
 std::optional<std::string> Changeover::ReadStatus(int code) {
-    if (!link_.Command(Bytes({session_.RelayAddress, code}))) return {};
+    done_before_poll_ = session_.CommandDone;
+    poll_in_flight_ = true;
+    const bool done = link_.Command(Bytes({session_.RelayAddress, code}));
+    poll_in_flight_ = false;
+    if (!done) return {};
     link_.RemoveReplyEscapes();
     return StatusRecordOf(session_.ReplyBuffer);
 }
@@ -173,10 +177,17 @@ void Changeover::SaveCurrent(int index, const LongOperation& operation) {
     form_.SetPointer(Form::kHourglass);
     form_.lblMemoryBlock.SetCaption("Writing live data");
     std::string command = Bytes({session_.RelayAddress, kWriteLiveData}) + LiveArguments(index);
-    // The reply is not looked at, be it a refusal: CommandDone tells of the last SendCommand.
-    if (!link_.SendUnchecked(command) || !session_.CommandDone) return;
+    // The reply is not looked at, be it a refusal.
+    if (!link_.SendUnchecked(command) || !LastCommandDone()) return;
     link_.MdWait(milliseconds{SleepDelay()});
     if (!operation.Stale()) form_.lblMemoryBlock.SetCaption("Writing live data complete");
+}
+
+// The outcome of the last SendCommand. A poll that this operation began in the middle of has none
+// yet: it is judged only when the operation has returned.
+bool Changeover::LastCommandDone() const {
+    const bool undecided = poll_in_flight_ && pass_connection_ == link_.connection();
+    return undecided ? done_before_poll_ : session_.CommandDone;
 }
 
 // Pairs of selector and value; nothing at all for an inlet when none is ticked.

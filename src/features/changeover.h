@@ -34,6 +34,7 @@ class Changeover {
     void ShowChangeover(const Supplies& supplies);
     void ShowFirstLiveValues(const LiveRecord& live);
     void SaveCurrent(int index, const LongOperation& operation);
+    bool LastCommandDone() const;
     void SaveStartup(int index, const LongOperation& operation);
     std::string LiveArguments(int index) const;
     std::optional<std::string> StartupCommand(int index) const;
@@ -51,6 +52,8 @@ class Changeover {
     bool show_live_values_ = false;  // the next good pass is the first one after a read
     int refreshes_ = 0;              // counts the starts of the timer
     int pass_connection_ = 0;        // the connection that a pass is running on, or 0
+    bool poll_in_flight_ = false;
+    bool done_before_poll_ = false;
 };
 
 }  // namespace kestrane

@@ -103,7 +103,9 @@ std::optional<std::string> Firmware::ReadBoard(int board, Label& version) {
 bool Firmware::ReadSerialNumber() {
     if (!link_.Command(Bytes({session_.RelayAddress, kReadSerialNumber}))) return false;
     link_.RemoveReplyEscapes();
-    const std::string serial = HexText(Mid(session_.ReplyBuffer, kStatusData, kSerialLength));
+    const std::string bytes = Mid(session_.ReplyBuffer, kStatusData, kSerialLength);
+    if (bytes.size() < kSerialLength) return false;
+    const std::string serial = HexText(bytes);
     const std::string& model = tab_.lblType.Caption();
     // "KMD 305TX" gives KMD, 3 and 5.
     tab_.lblSerialNo.SetCaption(Mid(model, 1, 3) + Mid(model, 5, 1) + Mid(model, 7, 1) +

@@ -62,21 +62,6 @@ TEST_F(ChannelNamesTest, ReadsSixteenBlocksAndSaysSo) {
     EXPECT_EQ(form_.Pointer(), Form::kArrow);
 }
 
-TEST_F(ChannelNamesTest, ReadBlocksItsButtonsAndEveryTabMeanwhile) {
-    ConnectOnNames();
-    bool reentered = true;
-    bool tabs = true;
-    world_.time.After(Milliseconds{150}, [&] {
-        reentered = !tool_.hand.Click(tab_.cmdReadChannelNames).has_value();
-        tabs = form_.SSTab1.Tabs()[0].enabled || form_.cmdHelp.Enabled();
-    });
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdReadChannelNames));
-    EXPECT_FALSE(reentered);
-    EXPECT_FALSE(tabs);
-    EXPECT_TRUE(form_.SSTab1.Tabs()[0].enabled);
-    EXPECT_TRUE(form_.cmdHelp.Enabled());
-}
-
 TEST_F(ChannelNamesTest, FailedBlockEndsTheReadAtThatChannel) {
     Store(kDisplay, 0x0060, "Main");
     Store(kDisplay, 0x0080, "First");
