@@ -235,6 +235,8 @@ TEST(WebSecurityOnUnit, AReadThatOutlivesItsConnectionLeavesTheNextOneAlone) {
     tool.ReadSettings();
     SecurityTab& tab = tool.form.security;
     tool.form.SSTab1.SetTab(kSecurityTab);
+    tool.Click(tab.cmdReadWBISettings);
+    ASSERT_TRUE(tab.cmdWriteWBISettings.Enabled());
     tool.world.time.After(std::chrono::milliseconds(150), [&] {
         tool.Click(tool.form.cmdDisconnect);
         tool.ReadSettings();

@@ -202,14 +202,16 @@ TEST_F(Privileges, BoxesAndTheWriteButtonStayUsableDuringARead) {
     EXPECT_EQ(Current(200, 3), " 0");
 }
 
-TEST_F(Privileges, AReadThatOutlivesItsConnectionLeavesTheNextOneAlone) {
+TEST_F(Privileges, AWriteThatOutlivesItsConnectionLeavesTheNextOneAlone) {
     ConnectThrough(1);
+    Read();
     world.time.After(std::chrono::milliseconds(150), [&] {
         Click(form.cmdDisconnect);
         ReadSettings();
     });
-    Read();
+    Write();
     EXPECT_FALSE(tab.cmdWriteTCPPortPriv.Enabled());
+    EXPECT_TRUE(tab.cmdReadTCPPortPriv.Enabled());
     EXPECT_NE(Commands().back().substr(4, 3), "03E");
 }
 
@@ -224,6 +226,7 @@ TEST_F(PrivilegesScripted, BadRepliesNeverCrash) {
             ReplyRaw(command, reply);
             tool_.port_privileges.cmdReadTCPPortPriv_Click();
             EXPECT_EQ(form_.Pointer(), Form::kArrow);
+            EXPECT_NE(form_.privileges.lblPrivByte(board == 0xFA ? 1130 : 1230).Caption(), "-1");
         }
         ReplyRaw(command, Framed(command + "\x01\xFF"));
     }
