@@ -83,7 +83,7 @@ TEST_F(Closing, IsSafeInTheMiddleOfTheOpening) {
     for (int when = 1; when < 5000; when += 173) {
         world.form.triggers.txtMTName(0).SetText("");
         world.form.names.txtMainUpper.SetText("");
-        world.OpenEditor::InEditor([] {}, when);
+        world.OpenEditor::InEditor([] {}, when, false);
         EXPECT_EQ(world.EditorProgram(), std::string(224, '\0'));
     }
 }

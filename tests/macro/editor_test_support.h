@@ -20,17 +20,28 @@ struct OpenEditor : World {
     // Presses "Edit Macro" now; returns when the editor was closed.
     void PressEdit() { this->form.triggers.cmdEditMacro.on_click(); }
 
-    // Opens the editor, runs `body` `opening` milliseconds later and closes it again.
-    void InEditor(std::function<void()> body, int opening) {
+    // Opens the editor, runs `body` `opening` milliseconds later, with nothing waiting
+    // below it, and closes it again.
+    void InEditor(std::function<void()> body, int opening, bool idle = true) {
         bool returned = false;
         this->After(1, [&] {
             PressEdit();
             returned = true;
         });
-        this->After(opening, [&] {
+        const auto run = [&] {
             ASSERT_TRUE(editor.Visible());
             body();
             if (editor.Visible()) CloseEditor();
+        };
+        this->After(opening, [&] {
+            if (!idle) return run();
+            // A poll that waits now could not go on before `body` has ended.
+            const bool polling = editor.timUpdate.Enabled();
+            editor.timUpdate.SetEnabled(false);
+            this->After(230, [&run, polling, this] {
+                editor.timUpdate.SetEnabled(polling);
+                run();
+            });
         });
         EXPECT_TRUE(this->world.loop.RunUntil([&] { return returned; }, std::chrono::hours(2)));
         EXPECT_FALSE(editor.Visible());
@@ -38,7 +49,6 @@ struct OpenEditor : World {
             EXPECT_FALSE(timer->Enabled()) << timer->name();
         }
     }
-
     void CloseEditor() { EXPECT_EQ(this->tool.hand.Close(editor).value_or(""), ""); }
     void Insert(int opcode) { this->Click(editor.cmdInsertCommand(opcode)); }
     void MoveTo(int address) {
@@ -95,7 +105,8 @@ struct EditorOnUnit : OpenEditor<ToolOnUnit> {
         std::vector<std::string> commands;
         for (std::string frame : world.tcpsend.sent()) {
             RemoveEscapes(frame);
-            if (ByteAt(frame, 3) == session.RelayAddress && ByteAt(frame, 4) == code) commands.push_back(frame);
+            if (ByteAt(frame, 3) == session.RelayAddress && ByteAt(frame, 4) == code)
+                commands.push_back(frame);
         }
         return commands;
     }

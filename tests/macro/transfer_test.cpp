@@ -152,9 +152,9 @@ TEST_F(MacroTransfer, HoldsEverythingOffWhileItRuns) {
             EXPECT_TRUE(editor.timUpdate.Enabled());
             EXPECT_TRUE(editor.cmdUpload.Enabled());
             EXPECT_FALSE(editor.cmdReadLocks.Enabled());
-            Wait(999);
+            Wait(800);
             EXPECT_EQ(pressed.BackColor(), kGreen);
-            Wait(2);
+            Wait(250);
             EXPECT_EQ(pressed.BackColor(), kButtonFace);
             EXPECT_FALSE(editor.timUDColour.Enabled());
         }
@@ -231,7 +231,7 @@ TEST_F(MacroTransfer, RunsOnceForTwoPresses) {
 // one has ended.
 TEST(LostTransfer, EndsWithItsConnection) {
     for (const bool down : {true, false}) {
-        for (const int when : {100, 520, 700, 1310, 1800}) {
+        for (const int when : {100, 520, 700, 1310, 1750}) {
             SCOPED_TRACE(when);
             EditorOnUnit world;
             world.InEditor([&] {
