@@ -1,0 +1,208 @@
+#include "editor_test_support.h"
+#include "link/frame.h"
+#include "macro/status_picture.h"
+
+namespace kestrane {
+namespace {
+
+using testing::ElementsAre;
+
+struct PictureRow {
+    const char* unit_type;
+    int outlet_on;
+    int flags_a;
+    int flags_b;
+    int position;
+    Lamp lamp;
+};
+
+// clang-format off
+constexpr PictureRow kPictures[] = {
+    // An outlet that is off: A green, else B grey, else red.
+    {"", 0x0000, 0x0001, 0x0000, 0, kLampGreen}, {"", 0x0000, 0x0001, 0x0001, 0, kLampGreen},
+    {"", 0x0000, 0x0000, 0x0001, 0, kLampGrey},  {"", 0x0000, 0x0000, 0x0000, 0, kLampRed},
+    // One that is on: A green, else red.
+    {"", 0x2000, 0x2000, 0x0000, 13, kLampGreen}, {"", 0x2000, 0x0000, 0x2000, 13, kLampRed},
+    {"CMS", 0x0100, 0x0100, 0x0000, 8, kLampGreen}, {"636", 0x0000, 0x0000, 0x0100, 8, kLampGrey},
+    // The inlets.
+    {"", 0xFFFF, 0, 0x4000, 14, kLampGreen}, {"", 0, 0, 0xBFFF, 14, kLampGrey},
+    {"", 0xFFFF, 0xFFFF, 0xFFFF, 15, kLampGrey},
+    {"636", 0, 0, 0x4000, 14, kLampGreen}, {"636", 0, 0, 0x4000, 15, kLampGrey},
+    {"636", 0, 0, 0x8000, 14, kLampGrey},  {"636", 0, 0, 0x8000, 15, kLampGreen},
+    {"CMS", 0x0000, 0, 0xC000, 14, kLampGreen}, {"CMS", 0x0000, 0, 0xC000, 15, kLampRed},
+    {"CMS", 0x8000, 0, 0xC000, 14, kLampRed},   {"CMS", 0x8000, 0, 0xC000, 15, kLampGreen},
+    {"CMS", 0x8000, 0, 0x0000, 14, kLampGrey},  {"CMS", 0x8000, 0, 0x0000, 15, kLampGrey},
+};
+// clang-format on
+
+std::string Record(int on, int a, int b, int pointer) {
+    return Bytes({on >> 8, on, 0, a >> 8, a, b >> 8, b, 0, pointer, 0, 0, 0, 0});
+}
+
+TEST(StatusPicture, ShowsALightForEachPosition) {
+    for (const PictureRow& row : kPictures) {
+        const auto status = ReadStatus(Record(row.outlet_on, row.flags_a, row.flags_b, 0));
+        ASSERT_TRUE(status);
+        EXPECT_EQ(LightsOf(*status, row.unit_type)[static_cast<std::size_t>(row.position)],
+                  row.lamp)
+            << row.unit_type << " " << row.position;
+    }
+}
+
+std::string StatusReply(const std::string& record) {
+    std::string text = Bytes({250, kReadLiveStatus}) + record;
+    AddEscapesAndChecksum(text);
+    return FrameOf(text);
+}
+
+TEST(StatusPicture, TakesTheRecordBetweenEchoAndChecksum) {
+    for (int value = 0; value < 256; ++value) {
+        const std::string record(13, static_cast<char>(value));
+        EXPECT_EQ(RecordInReply(StatusReply(record)), record);
+    }
+    const std::string record = Record(0x1010, 0x1003, 0x0210, 0x10);
+    EXPECT_EQ(RecordInReply(StatusReply(record)), record);
+    for (const char* other : {"", "\x10", "\x10\x02", "\x10\x02\xFA\x31\x55\x10", "garbage!"}) {
+        EXPECT_FALSE(ReadStatus(RecordInReply(other)));
+    }
+    std::string wrong_mark = StatusReply(record);
+    wrong_mark[1] = 0x03;
+    EXPECT_FALSE(ReadStatus(RecordInReply(wrong_mark)));
+}
+
+// On a peer that answers every status poll with `record`, or not at all.
+class Status : public testing::Test, public OpenEditor<ToolOnScript> {
+  protected:
+    Status() {
+        peer.set_answer([this](std::string_view frame) {
+            if (ByteAt(frame, 4) == kReadLiveStatus) ++polls;
+            if (silent) return std::string();
+            if (ByteAt(frame, 4) == kReadLiveStatus) return StatusReply(record);
+            // Memory reads all give 0x11.
+            std::string text(frame.substr(2, frame.size() - 5));
+            RemoveEscapes(text);
+            text += std::string(16, '\x11');
+            AddEscapesAndChecksum(text);
+            return FrameOf(text);
+        });
+        form.triggers.txtMTName(0).SetText("a");
+        form.names.txtMainUpper.SetText("b");
+    }
+    void InEditor(std::function<void()> body) {
+        Connect();
+        OpenEditor::InEditor(std::move(body), 3500);
+    }
+    int Light(int position) const { return editor.pbLED(position).Picture(); }
+
+    std::string record = Record(0, 0, 0, 0x33);
+    bool silent = false;
+    int polls = 0;
+};
+
+TEST_F(Status, IsPolledTenTimesASecond) {
+    InEditor([&] {
+        EXPECT_EQ(Light(0), kLampRed);
+        record = Record(0x0001, 0x0001, 0x4000, 0x33);
+        polls = 0;
+        Wait(2000);
+        EXPECT_NEAR(polls, 20, 1);
+        EXPECT_EQ(Light(0), kLampGreen);
+        EXPECT_EQ(Light(14), kLampGreen);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
+        // Another length leaves the picture.
+        for (const int length : {0, 12, 14}) {
+            record = std::string(static_cast<std::size_t>(length), '\0');
+            Wait(500);
+            EXPECT_EQ(Light(0), kLampGreen);
+        }
+    });
+}
+
+TEST_F(Status, ColoursOnlyButtonsThatCannotBePressed) {
+    InEditor([&] {
+        record = Record(0x0002, 0, 0, 0);
+        Wait(500);
+        EXPECT_EQ(editor.cmdOn(1).BackColor(), kGreen);
+        EXPECT_EQ(editor.cmdOff(1).BackColor(), 0x8080FFu);
+        for (Button& button : editor.cmdOn) button.SetEnabled(false);
+        Wait(500);
+        EXPECT_EQ(editor.cmdOn(1).BackColor(), 0xC0FFC0u);
+        EXPECT_EQ(editor.cmdOff(1).BackColor(), kButtonFace);
+        EXPECT_EQ(editor.cmdOn(2).BackColor(), kButtonFace);
+        EXPECT_EQ(editor.cmdOff(2).BackColor(), 0x8080FFu);
+    });
+}
+
+TEST_F(Status, IsFollowedByTheCursorInTraceOnly) {
+    InEditor([&] {
+        record = Record(0, 0, 0, 0x45);
+        Wait(500);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
+        SetChecked(editor.chkTrace, true);
+        Wait(500);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x45);
+        EXPECT_EQ(state.ListRow, 7);
+        // The scroll bar refuses what lies outside its range; the lights move all the same.
+        for (const int pointer : {0x00, 0x0F, 0x80, 0xFF}) {
+            record = Record(0, 1 << (pointer & 7), 0, pointer);
+            Wait(500);
+            EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x45);
+            EXPECT_EQ(Light(pointer & 7), kLampGreen);
+        }
+        record = Record(0, 0, 0, 0x7F);
+        Wait(500);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7F);
+        SetChecked(editor.chkTrace, false);
+        record = Record(0, 0, 0, 0x20);
+        Wait(500);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7F);
+    });
+}
+
+TEST_F(Status, OnRequestBringsTheListToItsStart) {
+    InEditor([&] {
+        editor.timUpdate.SetEnabled(false);
+        MoveTo(0x60);
+        record = Record(0x0004, 0x0004, 0, 0x55);
+        Click(editor.cmdGetStatus);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
+        EXPECT_EQ(Light(2), kLampGreen);
+        MoveTo(0x60);
+        record = "short";
+        Click(editor.cmdGetStatus);
+        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x60);
+    });
+}
+
+// Polls, presses and go-tos of twenty minutes without an answer wait side by side, not upon each
+// other, and the first answer brings the picture back.
+TEST_F(Status, OutlastsTwentyMinutesOfSilence) {
+    InEditor([&] {
+        session.CheckPassword();
+        for (Button* button : {&editor.cmdGoTo, &editor.cmdUpload}) button->SetEnabled(true);
+        silent = true;
+        world.loop.set_event_limit(5'000'000);
+        for (int second = 1; second < 1200; ++second) {
+            After(1000 * second, [&, second] {
+                if (second % 5 == 0) SetChecked(editor.chkTrace, !editor.chkTrace.Checked());
+                if (second % 3 == 0) Click(editor.cmdGetStatus);
+                if (second % 7 == 0) Click(editor.cmdGoTo);
+            });
+        }
+        // Something waits on top of this test's own wait all the time.
+        After(1'199'500, [&] {
+            EXPECT_LT(world.loop.max_pump_depth(), 12);
+            EXPECT_TRUE(editor.timUpdate.Enabled() || editor.timTrace.Enabled());
+            EXPECT_TRUE(editor.cmdOn(0).Enabled());
+            silent = false;
+            record = Record(0x0001, 0x0001, 0, 0x30);
+        });
+        Wait(1'200'500);
+        EXPECT_GT(polls, 10'000);
+        EXPECT_EQ(Light(0), kLampGreen);
+        EXPECT_LT(world.loop.pump_depth(), 5);
+    });
+}
+
+}  // namespace
+}  // namespace kestrane
