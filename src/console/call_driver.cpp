@@ -104,7 +104,8 @@ bool CallDriver::Read(const TabRow& tab) {
         case TabKind::kFirmware:
             return ReadFirmware(tab);
         case TabKind::kMacro:
-            return ReadMacro(tab);
+            // Closing the editor clears its image, so that the program is taken before.
+            return InMacroEditor([this] { program_ = tool_.macro_editor.state().image; });
         case TabKind::kSettings:
             break;
     }
@@ -181,19 +182,18 @@ bool CallDriver::ReadFirmware(const TabRow& tab) {
     return true;
 }
 
-// The editor downloads the program when it opens. Closing it clears its image, so that the program
-// is taken before.
-bool CallDriver::ReadMacro(const TabRow& tab) {
-    struct CloseWhenOpen : ScreenListener {
-        explicit CloseWhenOpen(std::function<void()> opened) : on_open(std::move(opened)) {}
+bool CallDriver::InMacroEditor(const std::function<void()>& work) {
+    struct WhenOpen : ScreenListener {
+        explicit WhenOpen(std::function<void()> opened) : on_open(std::move(opened)) {}
         void FormOpened(Form& /*form*/) override { on_open(); }
         std::function<void()> on_open;
-    } opening([this] {
-        tool_.link.platform().loop.Post([this] {
-            program_ = tool_.macro_editor.state().image;
+    } opening([this, &work] {
+        tool_.link.platform().loop.Post([this, &work] {
+            if (WentWell()) work();
             tool_.hand.Close(tool_.script_edit_form);
         });
     });
+    const TabRow& tab = *FindTab("macro");
     if (!SelectTab(*FindTab("triggers"))) return false;
     tool_.screen.AddListener(opening);
     const bool good = Press(tab.name, *form_.Find(tab.read_button), {});

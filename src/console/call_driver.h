@@ -30,6 +30,11 @@ class CallDriver : public ScreenListener {
     // nothing.
     bool Press(const std::string& what, Control& button, const std::string& done);
     bool SelectTab(const TabRow& tab);
+    // Opens the macro editor, which downloads the program, runs `work` in it unless that failed,
+    // and closes it again.
+    bool InMacroEditor(const std::function<void()>& work);
+    // Neither a box nor a time-out so far in the operation under way.
+    bool WentWell() const { return !timed_out_ && boxes_.size() == boxes_before_; }
 
     const std::string& Failure() const { return failure_; }
     // The tab is not part of this unit.
@@ -53,7 +58,6 @@ class CallDriver : public ScreenListener {
                  const std::string& done);
     bool ReadChangeover(const TabRow& tab);
     bool ReadFirmware(const TabRow& tab);
-    bool ReadMacro(const TabRow& tab);
     std::string WhyFailed(const std::string& what) const;
 
     void StartSilence();
