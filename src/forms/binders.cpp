@@ -137,10 +137,11 @@ TabBinder::TabBinder(Mirror& mirror, TabControl& tabs, QTabWidget& view,
 }
 
 // Disabling or hiding the current tab makes Qt jump to another one: the model's tab is set last.
+// The tab bar is told, not the tab widget, which would disable the page with its tab.
 void TabBinder::SyncKind() {
     for (int i = 0; i < tabs_.TabCount(); ++i) {
         const TabState& tab = tabs_.Tabs()[static_cast<std::size_t>(i)];
-        if (view_.isTabEnabled(i) != tab.enabled) view_.setTabEnabled(i, tab.enabled);
+        if (view_.isTabEnabled(i) != tab.enabled) view_.tabBar()->setTabEnabled(i, tab.enabled);
         if (view_.isTabVisible(i) != tab.visible) view_.setTabVisible(i, tab.visible);
     }
     page_needed_(tabs_.Tab());

@@ -15,13 +15,18 @@ QHBoxLayout* Value(Mirror& mirror, TextBox& box, ScrollBar& bar) {
     value->setSpacing(2);
     value->addWidget(mirror.Make(box, kValueColumns), 0, Qt::AlignVCenter);
     QScrollBar* scroll = mirror.Make(bar);
-    scroll->setFixedHeight(2 * scroll->fontMetrics().height() + 4 * kGap);
+    scroll->setFixedHeight(3 * scroll->fontMetrics().height());
     value->addWidget(scroll);
+    value->addStretch(1);
     return value;
 }
 
-int ValueWidth(const QWidget& widget) {
-    return widget.fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 5 * kGap;
+// Live and startup values stand in the same columns in every group.
+void SetColumns(QGridLayout* grid, const QWidget& widget) {
+    const int width = widget.fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 6 * kGap;
+    grid->setColumnMinimumWidth(0, width);
+    grid->setColumnMinimumWidth(1, width);
+    grid->setColumnStretch(2, 1);
 }
 
 FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
@@ -29,7 +34,7 @@ FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
                                &tab.lblChangeBack, &tab.lblAlarmDefault};
     FrameView* frame = mirror.Make(tab.RowGroup(row));
     QGridLayout* grid = GridIn(frame);
-    grid->setContentsMargins(kMargin, 4, kMargin, 4);
+    grid->setContentsMargins(kMargin, 3, kMargin, 3);
     if (row < kLiveRows) {
         const int index = row + kFirstLive;
         grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index)), 0, 0);
@@ -38,23 +43,20 @@ FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
     QLabel* text = mirror.Make(*measured[row]);
     ReserveWidth(text, "Need two supplies to measure ......");
     grid->addWidget(text, 0, 2);
-    grid->setColumnMinimumWidth(0, ValueWidth(*frame));
-    grid->setColumnMinimumWidth(1, ValueWidth(*frame));
-    grid->setColumnStretch(2, 1);
+    SetColumns(grid, *frame);
     return frame;
 }
 
 FrameView* Options(Mirror& mirror, ChangeoverTab& tab) {
     FrameView* frame = mirror.Make(tab.fraChangeoverOptions);
     QGridLayout* grid = GridIn(frame);
+    grid->setVerticalSpacing(4);
     auto* heads = new QGridLayout;
     heads->setContentsMargins(kMargin, 0, kMargin, 0);
     heads->setHorizontalSpacing(kGap);
     heads->addWidget(mirror.Make(tab.lblLiveColumn), 0, 0);
     heads->addWidget(mirror.Make(tab.lblStartupColumn), 0, 1);
-    heads->setColumnMinimumWidth(0, ValueWidth(*frame));
-    heads->setColumnMinimumWidth(1, ValueWidth(*frame));
-    heads->setColumnStretch(2, 1);
+    SetColumns(heads, *frame);
     grid->addLayout(heads, 0, 0);
     for (int row = 0; row < kRows; ++row) grid->addWidget(Group(mirror, tab, row), row + 1, 0);
     grid->addLayout(ButtonRow(mirror, {&tab.cmdSaveCurrent(0), &tab.cmdSaveStartup(0)}), kRows + 1,

@@ -1,6 +1,7 @@
 #include "forms/form_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -33,11 +34,16 @@ void FormWindow::FormChanged() {
     }
 }
 
+// What was added since the last event is not in the size hint before its layout requests ran.
+QSize FormWindow::WholeSize() const {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    return size().expandedTo(sizeHint());
+}
+
 void FormWindow::ShowCentred() {
     mirror_.Refresh();
     const QRect available = screen()->availableGeometry();
-    const QSize wanted = size().expandedTo(sizeHint());
-    resize(wanted.boundedTo(available.size() - QSize(40, 60)));
+    resize(WholeSize().boundedTo(available.size() - QSize(40, 60)));
     const QPoint middle =
         parentWidget() ? parentWidget()->window()->frameGeometry().center() : available.center();
     QPoint corner = middle - rect().center();

@@ -19,6 +19,9 @@ class FormWindow : public QWidget {
     // In the middle of its owner, or of the screen if it has none.
     void ShowCentred();
 
+    // The size in which all of it can be seen, not below the present one.
+    QSize WholeSize() const;
+
   protected:
     // Enter clicks this button, Escape that one; either may be null.
     void SetKeys(Button* on_enter, Button* on_escape);

@@ -32,12 +32,6 @@ const char* TitleOf(InstructionGroup group) {
     return "";
 }
 
-QPushButton* InsertButtonOf(Mirror& mirror, ScriptEditForm& form, int opcode) {
-    QPushButton* button = mirror.Make(form.cmdInsertCommand(opcode));
-    ReserveWidth(button, {"CHANGE OVER INT"});
-    return button;
-}
-
 InstructionGroup GroupOf(int opcode) {
     return FindInstruction(static_cast<std::uint8_t>(opcode))->group;
 }
@@ -56,7 +50,7 @@ int AddGroup(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, Instructio
             column = 0;
         }
         last_opcode = button.opcode;
-        grid->addWidget(InsertButtonOf(mirror, form, button.opcode), row, ++column);
+        grid->addWidget(mirror.Make(form.cmdInsertCommand(button.opcode)), row, ++column);
     }
     return row + 1;
 }

@@ -5,12 +5,6 @@
 #include <algorithm>
 
 namespace kestrane {
-namespace {
-
-constexpr int kButtonPadding = 28;
-
-}  // namespace
-
 QGridLayout* GridIn(FrameView* frame) {
     auto* grid = new QGridLayout(frame->body());
     grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -63,14 +57,6 @@ QLabel* Caption(const QString& text) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-void ReserveWidth(QPushButton* button, std::initializer_list<const char*> texts) {
-    int width = 0;
-    for (const char* text : texts) {
-        width = std::max(width, button->fontMetrics().horizontalAdvance(QLatin1String(text)));
-    }
-    button->setMinimumWidth(width + kButtonPadding);
 }
 
 void ReserveWidth(QLabel* label, const char* text) {

@@ -43,8 +43,7 @@ T* KeepPlace(T* widget) {
     return widget;
 }
 
-// At least as wide as these texts, so that a change among them moves nothing.
-void ReserveWidth(QPushButton* button, std::initializer_list<const char*> texts);
+// At least as wide as this text, so that a change moves nothing.
 void ReserveWidth(QLabel* label, const char* text);
 
 QFont FixedPitch();

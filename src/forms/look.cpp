@@ -89,8 +89,8 @@ void SetText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole gr
 // the dark shade of the same hue.
 QColor Ground(const QColor& colour, const QPalette& palette) {
     if (!IsDark(palette)) return Mix(colour, Qt::white, colour.saturationF() > 0.9f ? 0.35 : 0.0);
-    return QColor::fromHslF(std::max(0.0f, colour.hslHueF()),
-                            std::min(0.55f, colour.hslSaturationF()), 0.27f);
+    return QColor::fromHslF(std::max(0.0f, colour.hslHueF()), 0.12f + 0.4f * colour.saturationF(),
+                            0.27f);
 }
 
 void SetGround(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground,

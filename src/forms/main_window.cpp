@@ -66,10 +66,10 @@ FrameView* MainWindow::ConnectionPanel() {
     AddField(mirror_, grid, 0, 2, form_.lblCurrentPort, form_.txtCurrentPort, 6);
     AddField(mirror_, grid, 0, 4, form_.lblTimeout, form_.txtTimeout, 4);
     auto* buttons = Row();
-    QPushButton* connect = mirror_.Make(form_.cmdConnect);
-    ReserveWidth(connect, {"Connected Port A"});
-    QPushButton* disconnect = mirror_.Make(form_.cmdDisconnect);
-    ReserveWidth(disconnect, {"Timeout Disconnected"});
+    ButtonView* connect = mirror_.Make(form_.cmdConnect);
+    connect->ReserveFor({QStringLiteral("Connected Port A")});
+    ButtonView* disconnect = mirror_.Make(form_.cmdDisconnect);
+    disconnect->ReserveFor({QStringLiteral("Timeout Disconnected")});
     buttons->addWidget(connect, 1);
     buttons->addWidget(disconnect, 1);
     grid->addLayout(buttons, 1, 0, 1, 6);
@@ -102,7 +102,7 @@ FrameView* MainWindow::ProgressPanel() {
 
 QTabWidget* MainWindow::MakeTabs() {
     tabs_ = new QTabWidget;
-    tabs_->setUsesScrollButtons(true);
+    tabs_->setUsesScrollButtons(false);
     for (const TabState& tab : form_.SSTab1.Tabs()) {
         tabs_->addTab(new ScrollingPage, QString::fromStdString(tab.caption));
     }
@@ -156,6 +156,7 @@ void MainWindow::NeedPage(int tab) {
 }
 
 void MainWindow::Chain() {
+    if (tail_.empty()) return;
     std::vector<QWidget*> order = head_;
     for (const auto& page : pages_) order.insert(order.end(), page.begin(), page.end());
     order.insert(order.end(), tail_.begin(), tail_.end());

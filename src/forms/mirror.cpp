@@ -56,8 +56,8 @@ TextBoxView* Mirror::Make(TextBox& box, int columns) {
     return Added(std::move(widget), binder);
 }
 
-QPushButton* Mirror::Make(Button& button) {
-    auto widget = std::make_unique<QPushButton>();
+ButtonView* Mirror::Make(Button& button) {
+    auto widget = std::make_unique<ButtonView>();
     auto* binder = new ButtonBinder(*this, button, *widget);
     return Added(std::move(widget), binder);
 }

@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTabWidget>
@@ -43,7 +42,7 @@ class Mirror {
     LongTextView* MakeLong(Label& label);
     // `columns`: the width in characters; 0: by the maximum length.
     TextBoxView* Make(TextBox& box, int columns = 0);
-    QPushButton* Make(Button& button);
+    ButtonView* Make(Button& button);
     QCheckBox* Make(CheckBox& box);
     QRadioButton* Make(OptionButton& option);
     QComboBox* Make(ComboBox& box);

@@ -10,7 +10,7 @@ constexpr int kPortColumns = 6;
 FrameView* NetworkSettings(Mirror& mirror, NetworkTab& tab) {
     FrameView* frame = mirror.Make(tab.fraNetworkSettings);
     QGridLayout* grid = GridIn(frame);
-    AddField(mirror, grid, 0, 0, tab.lblNetBiosName, tab.txtNetbiosName);
+    AddField(mirror, grid, 0, 0, tab.lblNetBiosName, tab.txtNetbiosName, 16);
     AddField(mirror, grid, 1, 0, tab.lblUnitLocation, tab.txtUnitLocation);
     AddField(mirror, grid, 2, 0, tab.lblUnitName, tab.txtUnitName);
     grid->setColumnMinimumWidth(2, 2 * kGap);

@@ -83,7 +83,9 @@ QWidget* ScriptEditWindow::Listing() {
         cells->setContentsMargins(kGap, 2, kGap, 2);
         cells->setSpacing(2 * kGap);
         for (Label* label : {&form_.lblMem(i), &form_.lblMem1(i), &form_.lblMem2(i)}) {
-            cells->addWidget(Cell(mirror_, *label, "00"));
+            QLabel* cell = Cell(mirror_, *label, "00");
+            cell->setFixedWidth(cell->minimumWidth());
+            cells->addWidget(cell);
             mirror_.ClickGoesTo(*label, form_.lblCommand(i));
         }
         QLabel* text = Cell(mirror_, form_.lblCommand(i), kLongText);
@@ -107,21 +109,21 @@ QLayout* ScriptEditWindow::SecondByte() {
     TextBoxView* hex =
         AddField(mirror_, grid, 0, 0, form_.lblSecondByteHex, form_.txtSecondByteHex, 6);
     hex->UseFixedPitch();
-    grid->addWidget(mirror_.Make(form_.cmdSecondByteHexOK), 0, 2);
+    grid->addWidget(mirror_.Make(form_.cmdSecondByteHexOK), 0, 3);
     TextBoxView* time =
         AddField(mirror_, grid, 1, 0, form_.lblSecondByteTime, form_.txtSecondByteTime, 6);
     time->UseFixedPitch();
-    grid->addWidget(mirror_.Make(form_.cmdSecondByteTimeOK), 1, 2);
-    grid->addWidget(mirror_.Make(form_.lblSecs), 1, 3);
-    grid->addWidget(mirror_.Make(form_.chkAutoIncrement), 0, 4);
-    grid->addWidget(mirror_.Make(form_.chkTrace), 1, 4);
+    grid->addWidget(mirror_.Make(form_.lblSecs), 1, 2);
+    grid->addWidget(mirror_.Make(form_.cmdSecondByteTimeOK), 1, 3);
+    grid->addWidget(mirror_.Make(form_.chkAutoIncrement), 0, 5);
+    grid->addWidget(mirror_.Make(form_.chkTrace), 1, 5);
     TextBoxView* go_to = mirror_.Make(form_.txtGoTo, 4);
     go_to->setAccessibleName(QStringLiteral("Go to address"));
     go_to->UseFixedPitch();
-    grid->addWidget(go_to, 0, 5);
-    grid->addWidget(mirror_.Make(form_.cmdGoTo), 0, 6);
-    grid->addWidget(mirror_.Make(form_.cmdGetStatus), 1, 5, 1, 2);
-    grid->setColumnStretch(3, 1);
+    grid->addWidget(go_to, 0, 6);
+    grid->addWidget(mirror_.Make(form_.cmdGoTo), 0, 7);
+    grid->addWidget(mirror_.Make(form_.cmdGetStatus), 1, 6, 1, 2);
+    grid->setColumnStretch(4, 1);
     return grid;
 }
 

@@ -28,9 +28,8 @@ void AddPosition(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, int po
     }
     if (position >= ScriptEditForm::kOutlets) return;
     for (Button* button : {&form.cmdOn(position), &form.cmdOff(position)}) {
-        QPushButton* view = mirror.Make(*button);
-        view->setMinimumWidth(view->fontMetrics().horizontalAdvance(QStringLiteral("OFF 14")) +
-                              2 * kGap);
+        ButtonView* view = mirror.Make(*button);
+        view->ReserveFor({QStringLiteral("OFF 14")});
         grid->addWidget(view, button == &form.cmdOn(position) ? kOn : kOff, column);
     }
 }

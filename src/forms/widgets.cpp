@@ -9,6 +9,7 @@
 namespace kestrane {
 namespace {
 
+constexpr int kButtonPadding = 20;
 constexpr int kLines = 3;  // of a long text
 
 }  // namespace
@@ -37,6 +38,24 @@ void FrameView::SetTitle(const QString& title) {
 
 void FrameView::SetTitleColours(const QPalette& palette) {
     if (title_->palette() != palette) title_->setPalette(palette);
+}
+
+// ButtonView
+
+QSize ButtonView::sizeHint() const {
+    QSize size = QPushButton::sizeHint();
+    const QFontMetrics metrics = fontMetrics();
+    int width = metrics.horizontalAdvance(text());
+    for (const QString& caption : reserved_) {
+        width = std::max(width, metrics.horizontalAdvance(caption));
+    }
+    size.setWidth(std::max(size.width(), width + kButtonPadding));
+    return size;
+}
+
+void ButtonView::ReserveFor(std::vector<QString> captions) {
+    reserved_ = std::move(captions);
+    updateGeometry();
 }
 
 // LightView
@@ -132,7 +151,10 @@ void ScrollingPage::Hold(QWidget* page) {
 }
 
 QSize ScrollingPage::sizeHint() const {
-    return widget() ? widget()->sizeHint() : QScrollArea::sizeHint();
+    if (!widget()) return QScrollArea::sizeHint();
+    // The frame of a tab takes a little more than it tells.
+    constexpr QSize kFrameOfTab(4, 4);
+    return widget()->sizeHint() + kFrameOfTab;
 }
 
 // LongTextView

@@ -6,10 +6,12 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWidget>
 #include <string>
+#include <vector>
 
 namespace kestrane {
 
@@ -27,6 +29,19 @@ class FrameView : public QWidget {
   private:
     QLabel* title_;
     QFrame* body_;
+};
+
+// A push button with air beside its caption.
+class ButtonView : public QPushButton {
+  public:
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    // At least as wide as with these captions, so that a change among them moves nothing.
+    void ReserveFor(std::vector<QString> captions);
+
+  private:
+    std::vector<QString> reserved_;
 };
 
 // A light in grey (0), red, green or orange (3).

@@ -48,8 +48,9 @@ bool Windows::Grab(const std::string& form, const std::string& path) {
     if (!wanted) return false;
     FormWindow& window = WindowOf(*wanted);
     window.mirror().Refresh();
+    window.ensurePolished();
     // All of it, also where the screen is too small.
-    window.resize(window.size().expandedTo(window.sizeHint()));
+    window.resize(window.WholeSize());
     return window.grab().save(QString::fromStdString(path), "PNG");
 }
 

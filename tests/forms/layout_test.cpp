@@ -1,0 +1,124 @@
+#include <QAbstractButton>
+#include <QFont>
+#include <set>
+
+#include "forms/look.h"
+#include "forms/progress.h"
+#include "forms/qt_dialogs.h"
+#include "forms_test_support.h"
+
+namespace kestrane {
+namespace {
+
+// Out of sight in the data already: parked beside the tabs, or storage without a view.
+const std::set<std::string> kParked = {
+    "lblControlPassword", "txtControlPassword", "lblAdminName",  "txtAdminName",
+    "lblAdminPassword",   "txtAdminPassword",   "txtSalt",       "txtSHA(0)",
+    "txtSHA(1)",          "txtSHA(2)",          "fraTimeServer", "fraMiscOptions"};
+
+class LayoutTest : public FormsTest {
+  protected:
+    // Every label and button that is seen has the room that it asks for.
+    void ExpectNothingCutOff(Form& shown) {
+        FormWindow& window = windows_.WindowOf(shown);
+        window.mirror().Refresh();
+        window.resize(window.WholeSize());
+        window.grab();
+        for (Control* control : shown.controls()) {
+            QWidget* view = window.mirror().WidgetOf(*control);
+            if (!view || !control->Showing() || view->visibleRegion().isEmpty()) continue;
+            const bool text = dynamic_cast<QLabel*>(view) || dynamic_cast<QAbstractButton*>(view) ||
+                              dynamic_cast<QLineEdit*>(view);
+            if (!text) continue;
+            const auto* label = dynamic_cast<QLabel*>(view);
+            const QSize wanted = label && label->wordWrap()
+                                     ? QSize(view->width(), view->heightForWidth(view->width()))
+                                     : view->minimumSizeHint();
+            EXPECT_GE(view->width(), wanted.width()) << control->name();
+            EXPECT_GE(view->height(), wanted.height()) << control->name();
+            EXPECT_EQ(view->visibleRegion().boundingRect(), view->rect()) << control->name();
+        }
+    }
+
+    void WalkTabs() {
+        for (int tab = 0; tab < 8; ++tab) {
+            SelectTab(tab);
+            ExpectNothingCutOff(form());
+        }
+    }
+};
+
+TEST_F(LayoutTest, EveryControlHasAView) {
+    for (int tab = 0; tab < 8; ++tab) SelectTab(tab);
+    const auto walk = [this](Form& walked) {
+        const Mirror& views = windows_.WindowOf(walked).mirror();
+        for (Control* control : walked.controls()) {
+            if (control->kind() == Kind::kTimer || kParked.count(control->name())) continue;
+            EXPECT_NE(views.WidgetOf(*control), nullptr) << walked.name() << " " << control->name();
+        }
+    };
+    walk(form());
+    walk(tool_.login_form);
+    walk(tool_.confirm_form);
+    walk(tool_.help_form);
+    walk(tool_.script_edit_form);
+}
+
+TEST_F(LayoutTest, NothingIsCutOff) { WalkTabs(); }
+
+TEST(LargeFontLayout, NothingIsCutOff) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(usual.pointSizeF() * 1.6);
+    QApplication::setFont(large);
+    struct Walk : LayoutTest {
+        void TestBody() override { WalkTabs(); }
+    };
+    Walk().TestBody();
+    QApplication::setFont(usual);
+}
+
+TEST(Look, ColoursCanBeReadOnLightAndDark) {
+    for (const Look look : {Look::kDark, Look::kLight}) {
+        ApplyLook(look);
+        const QPalette normal = QApplication::palette();
+        for (const Colour fore : {kRed, kGreen, kOrange, kBlack}) {
+            for (const Colour back : {kGreen, kRed, kOrange, Colour{0xC0FFC0}, Colour{0x8080FF}}) {
+                const QPalette label = LabelPalette(normal, fore, {});
+                const QPalette box = BoxPalette(normal, fore, {});
+                const QPalette button = ButtonPalette(normal, {}, back);
+                for (const auto group : {QPalette::Active, QPalette::Disabled}) {
+                    const auto contrast = [group](const QPalette& palette, auto text, auto ground) {
+                        return Contrast(palette.color(group, text), palette.color(group, ground));
+                    };
+                    EXPECT_GE(contrast(label, QPalette::WindowText, QPalette::Window), 4.5);
+                    EXPECT_GE(contrast(box, QPalette::Text, QPalette::Base), 4.5);
+                    EXPECT_GE(contrast(button, QPalette::ButtonText, QPalette::Button), 4.5);
+                }
+            }
+        }
+        // Red stays red.
+        EXPECT_GT(LabelPalette(normal, kRed, {}).color(QPalette::WindowText).hslSaturationF(), 0.5);
+    }
+}
+
+TEST(ProgressText, IsFoundInTheStatusTexts) {
+    const auto outlet = ParseProgress("Reading outlet name 9 of 14");
+    ASSERT_TRUE(outlet);
+    EXPECT_EQ(outlet->done, 9);
+    EXPECT_EQ(outlet->total, 14);
+    EXPECT_EQ(ParseProgress("Download  45%")->done, 45);
+    EXPECT_EQ(ParseProgress("20 of 14")->done, 14);
+    for (const char* none : {"", "Port closed by far end", "End of file", " of 14", "3 of 0", "%",
+                             "99999999999999 of 14"}) {
+        EXPECT_FALSE(ParseProgress(none)) << none;
+    }
+}
+
+TEST(FileFilter, IsWrittenTheWayQtReadsIt) {
+    EXPECT_EQ(QtFiles::NameFilters("Kestrane Macro Files (*.sms)|*.sms|All|*.*"),
+              (std::vector<std::string>{"Kestrane Macro Files (*.sms)", "All (*)"}));
+}
+
+}  // namespace
+}  // namespace kestrane
