@@ -1,0 +1,281 @@
+// The calls `read` and `set` against the demo unit on virtual time: what they print, what they
+// refuse, and what has reached the unit then.
+
+#include <gtest/gtest.h>
+
+#include "console/changes.h"
+#include "console/read_call.h"
+#include "console/set_call.h"
+#include "console/tabs.h"
+#include "console_test_support.h"
+#include "text/text.h"
+
+namespace kestrane {
+namespace {
+
+using Words = std::vector<std::string>;
+
+class CallTest : public testing::Test, protected ScriptedTool {
+  protected:
+    // The exit status; -1 if the command line itself is wrong.
+    int Run(std::unique_ptr<Call> call, Words words, Words options = {}) {
+        CLI::App app;
+        CallOptions call_options;
+        call_options.AddTo(app);
+        call->AddTo(app);
+        words.insert(words.end(), options.begin(), options.end());
+        std::reverse(words.begin(), words.end());  // as CLI11 takes them
+        try {
+            app.parse(words);
+        } catch (const CLI::ParseError&) {
+            return -1;
+        }
+        EXPECT_EQ(call_options.Check(), "");
+        call_options.Apply(tool);
+        if (const std::string problem = call->Check(tool); !problem.empty()) {
+            complaints.push_back(problem);
+            return kExitUsage;
+        }
+        CallContext context{tool,
+                            scripted,
+                            call_options,
+                            [this](const std::string& line) { printed.push_back(line); },
+                            [this](const std::string& line) { complaints.push_back(line); },
+                            {}};
+        try {
+            return call->Run(context);
+        } catch (const ProgramEnded& ended) {
+            return ended.status;
+        }
+    }
+    int Read(Words words) { return Run(MakeReadCall(), std::move(words)); }
+    int Set(Words words) { return Run(MakeSetCall(), std::move(words)); }
+    Json ReadJson(Words words) {
+        words.push_back("--json");
+        EXPECT_EQ(Read(words), kExitDone);
+        return printed.empty() ? Json() : Json::parse(printed.back());
+    }
+    std::string Complaint() const { return complaints.empty() ? "" : complaints.back(); }
+
+    Words printed;
+    Words complaints;
+    UnitPeer peer{world.tcpsend, world.time};
+};
+
+TEST_F(CallTest, Read_PrintsEveryFieldOfTheTab) {
+    const Json all = ReadJson({"network"});
+    ASSERT_EQ(all.size(), 1u);
+    EXPECT_EQ(all["network"].size(), 38u);
+    EXPECT_EQ(all["network"]["txtUnitName"], "MDU Rack 4");
+    EXPECT_EQ(all["network"]["chkDHCP"], 0);
+    EXPECT_EQ(all["network"]["cmbARPtime"], 3);
+    EXPECT_TRUE(complaints.empty());
+}
+
+TEST_F(CallTest, Read_WithoutATabReadsThemAll) {
+    // An empty versions page, as soon as it is asked for.
+    const auto serve = [this](auto& self) -> void {
+        if (world.http.busy()) world.http.Complete("");
+        world.time.After(std::chrono::milliseconds(500), [this, self] { self(self); });
+    };
+    serve(serve);
+    const Json all = ReadJson({});
+    for (const TabRow& tab : TabRows()) EXPECT_FALSE(all[tab.name].empty()) << tab.name;
+    EXPECT_EQ(all["macro"].size(), 112u);
+    EXPECT_EQ(all["names"]["txtOutUpper(3)"], "Switch");
+    EXPECT_EQ(all["changeover"]["optInE2P(1)"].type(), Json::value_t::boolean);
+    EXPECT_NE(all["changeover"]["lblOffTimeMain"], "");
+    EXPECT_NE(all["firmware"]["lblRelayVersion"], "-");
+    EXPECT_FALSE(all["security"].contains("txtSalt"));
+}
+
+TEST_F(CallTest, Read_RefusesAnUnknownTabBeforeItConnects) {
+    EXPECT_EQ(Read({"network", "nets"}), kExitUsage);
+    EXPECT_EQ(world.tcpsend.connections(), 0);
+}
+
+TEST_F(CallTest, Read_TellsOfAUnitThatCannotBeReached) {
+    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kRefuse);
+    EXPECT_EQ(Read({"network"}), kExitUnit);
+    EXPECT_NE(Complaint().find("192.168.10.100 port 1243: refused"), std::string::npos);
+    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kNone);
+    world.loop.RunUntil([this] { return tool.main_form.cmdConnect.Usable(); },
+                        std::chrono::milliseconds(5000));
+    EXPECT_EQ(Run(MakeReadCall(), {"network"}, {"--timeout", "2"}), kExitUnit);
+    EXPECT_NE(Complaint().find("within 2000 ms"), std::string::npos);
+}
+
+TEST_F(CallTest, Read_TellsAtWhichBlockTheUnitFellSilentOrTheLineWasCut) {
+    peer.line().PassNext(3);
+    peer.line().DropNext(100);
+    EXPECT_EQ(Read({"network"}), kExitUnit);
+    EXPECT_EQ(Complaint(),
+              "network: \"Reading block 3 of 14.\" failed, the unit did not answer; check it, or "
+              "give a longer --timeout");
+}
+
+TEST_F(CallTest, Read_EndsFromWithinAWaitThatTheLostLineLeavesOpen) {
+    peer.line().PassNext(3);
+    peer.line().CutNext(4);
+    EXPECT_EQ(Read({"network"}), kExitUnit);
+    EXPECT_EQ(Complaint(),
+              "network: \"Reading block 3 of 14.\" failed, the connection was lost; connect again, "
+              "and check the line");
+}
+
+TEST_F(CallTest, Set_TellsThatTheUnitRefused) {
+    peer.unit().Display().Set(0x03E0, 0x01);  // port A without "Network configuration"
+    EXPECT_EQ(Set({"txtUnitName=x"}), kExitUnit);
+    EXPECT_EQ(Complaint(),
+              "network: \"Writing block 1 of 14\" failed with the message \"Privileges: Denied due "
+              "to privilege settings\"; connect on a control port that has the right; nothing was "
+              "written");
+}
+
+TEST_F(CallTest, Set_WritesAndTellsOldAndNew) {
+    EXPECT_EQ(Set({"txtUnitName=Rack 7", "cmbARPtime=1 minute", "chkDHCP=0"}), kExitDone);
+    EXPECT_EQ(printed,
+              (Words{"txtUnitName: MDU Rack 4 -> Rack 7",
+                     "cmbARPtime: 3 (2 minutes) -> 2 (1 minute)", "chkDHCP: 0 (unchanged)"}));
+    EXPECT_EQ(complaints, Words{});
+}
+
+TEST_F(CallTest, Set_WritesSeveralTabsOfWhichSomeClearWhenTheyAreLeft) {
+    ASSERT_EQ(Set({"txtOutUpper(3)=Web", "txtStartup(0)=33", "optInE2P(2)=true", "txtCurrent(3)=9",
+                   "txtMTAddress(1)=20", "txt1WName(2)=Floor", "chkPriv(132)=1", "txtUnitID=03",
+                   "txtSysContact=me"}),
+              kExitDone)
+        << Complaint();
+    EXPECT_EQ(printed.size(), 9u);
+    tool.hand.Click(tool.main_form.cmdDisconnect);
+    const Json all =
+        ReadJson({"network", "names", "triggers", "1wire", "changeover", "privileges"});
+    EXPECT_EQ(all["names"]["txtOutUpper(3)"], "Web");
+    EXPECT_EQ(all["changeover"]["txtStartup(0)"], "33");
+    EXPECT_EQ(all["changeover"]["optInE2P(2)"], true);
+    EXPECT_EQ(all["changeover"]["txtCurrent(3)"], "9");
+    EXPECT_EQ(all["triggers"]["txtMTAddress(1)"], "20");
+    EXPECT_EQ(all["1wire"]["txt1WName(2)"], "Floor");
+    EXPECT_EQ(all["privileges"]["chkPriv(132)"], 1);
+    EXPECT_EQ(all["network"]["txtUnitID"], "03");
+    EXPECT_EQ(all["network"]["txtSysContact"], "me");
+}
+
+// The codes of the commands that change a unit.
+bool Writes(const std::string& frame) {
+    const int code = ByteAt(frame, 4);
+    return code == 0x12 || code == 0x23 || code == 0x3A || code == 0x1F || code == 0x15;
+}
+
+struct RefusedSet {
+    Words words;
+    std::string reason;  // a part of it
+};
+
+class RefusedSetTest : public CallTest, public testing::WithParamInterface<RefusedSet> {};
+
+TEST_P(RefusedSetTest, NamesFieldAndReasonAndNoWriteReachesTheUnit) {
+    EXPECT_EQ(Set(GetParam().words), kExitUsage);
+    EXPECT_NE(Complaint().find(GetParam().reason), std::string::npos) << Complaint();
+    EXPECT_TRUE(printed.empty());
+    for (const std::string& frame : world.tcpsend.sent()) EXPECT_FALSE(Writes(frame));
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Values, RefusedSetTest, testing::Values(
+    RefusedSet{{"txtIPAddress=300.1.1.1"},        "txtIPAddress: \"300.1.1.1\" is not valid"},
+    RefusedSet{{"txtIPAddress=0.1.2.3"},          "stays red"},
+    RefusedSet{{"txtSubnetMask="},                "txtSubnetMask: \"\" is not valid"},
+    RefusedSet{{"txtIPAddress=1.2.3.x"},          "became \"1.2.3.\""},
+    RefusedSet{{"txtUnitName=good", "txtNetbiosName=low"}, "txtNetbiosName: \"low\" is not taken as it stands, it became \"LOW\""},
+    RefusedSet{{"txtUnitName=seventeen letters"}, "longer than 16 characters"},
+    RefusedSet{{"txtOledTimeout=5"},              "became \"10\""},
+    RefusedSet{{"txtAttackLimit(0)=5"},           "became \"10\""},
+    RefusedSet{{"txtChaskey(1)=ABC"},             "txtChaskey(1): \"ABC\" is not valid or not complete"},
+    RefusedSet{{"txtTcpControlPort(0)=65536"},    "a port is a number from 0 to 65535"},
+    RefusedSet{{"chkTimeServerEnable=1", "txtTimeServerIP=1.2.3"}, "txtTimeServerIP: \"1.2.3\": is no address"},
+    RefusedSet{{"txtTimeServerIP=1.2.3.4"},       "txtTimeServerIP is disabled; give chkTimeServerEnable=1 before it"},
+    RefusedSet{{"chkTcpControlEnable(1)=0", "txtTcpControlPort(1)=5"}, "txtTcpControlPort(1) is disabled"},
+    RefusedSet{{"txtUnitID=62"},                  "hexadecimal, 00 to 61"},
+    RefusedSet{{"txtUnitID=zz"},                  "hexadecimal, 00 to 61"},
+    RefusedSet{{"txtMTAddress(1)=0F"},            "txtMTAddress(1): \"0F\" is not taken"},
+    RefusedSet{{"txtStartup(0)=300"},             "became \"255\""},
+    RefusedSet{{"txtStartup(4)=1"},               "the tool does not write it"},
+    RefusedSet{{"txtWebPassword(0)=abc"},         "txtWebPassword(1): all three levels"},
+    RefusedSet{{"txtWebPassword(0)=a b"},         "became \"ab\""},
+    RefusedSet{{"chkDHCP=2"},                     "chkDHCP: \"2\": takes 0 or 1"},
+    RefusedSet{{"optInE2P(2)=false"},             "takes true"},
+    RefusedSet{{"cmbARPtime=8"},                  "from 0 to 7"},
+    RefusedSet{{"txtKeyCounter(0)=1"},            "display only"},
+    RefusedSet{{"txtCurrentPort=1"},              "is no setting of the unit"},
+    RefusedSet{{"lblType=x"},                     "holds no value"},
+    RefusedSet{{"txtNone=1"},                     "txtNone: there is no such control"},
+    RefusedSet{{"txtUnitName"},                   "is no NAME=VALUE"},
+    RefusedSet{{"txtUnitName=\xE2\x82\xAC"},      "above U+00FF"}));
+// clang-format on
+
+TEST_F(CallTest, Set_RefusesWhereTheUnitHoldsAnAddressThatWouldStopTheWrite) {
+    peer.unit().Display().Write(0x0020, Bytes({0, 0, 0, 0}));
+    EXPECT_EQ(Set({"txtUnitName=x"}), kExitUsage);
+    EXPECT_EQ(Complaint(),
+              "txtIPAddress: \"0.0.0.0\", which the unit holds, is no valid address; set it as "
+              "well; nothing was written");
+}
+
+TEST_F(CallTest, Set_TellsWhatWasWrittenBeforeTheUnitFellSilent) {
+    peer.line().PassNext(19 + 16 + 13);  // both reads and the network write, then the names
+    peer.line().DropNext(100);
+    EXPECT_EQ(Set({"txtUnitName=Rack 7", "txtOutUpper(3)=Web"}), kExitUnit);
+    EXPECT_NE(Complaint().find("names: \""), std::string::npos) << Complaint();
+    EXPECT_NE(Complaint().find("written before: network"), std::string::npos) << Complaint();
+}
+
+TEST(UnitAddress, TakesHostsPortsAndIPv6) {
+    struct Row {
+        const char* text;
+        const char* host;
+        int port;  // 0: none, -1: refused
+    };
+    const Row rows[] = {
+        {"10.0.0.1", "10.0.0.1", 0},
+        {"unit:99", "unit", 99},
+        {"[::1]:99", "::1", 99},
+        {"[::1]", "::1", 0},
+        {"fe80::1", "fe80::1", 0},
+        {"unit:0", "", -1},
+        {"unit:65536", "", -1},
+        {"unit:", "", -1},
+        {"unit:9x", "", -1},
+        {":99", "", -1},
+        {"[::1", "", -1},
+        {"[::1]x", "", -1},
+        {"two words", "", -1},
+        {"[]:1", "", -1},
+    };
+    for (const Row& row : rows) {
+        std::string error;
+        const auto address = ParseUnitAddress(row.text, error);
+        ASSERT_EQ(address.has_value(), row.port >= 0) << row.text;
+        EXPECT_EQ(error.empty(), row.port >= 0) << row.text;
+        if (!address) continue;
+        EXPECT_EQ(address->host, row.host);
+        EXPECT_EQ(address->port.value_or(0), row.port);
+    }
+}
+
+TEST(CallOptionsTest, RefusesTimesAndServersThatAreNone) {
+    for (const Words& words :
+         {Words{"--timeout", "abc"}, Words{"--timeout", "0"}, Words{"--timeout", "1e9"},
+          Words{"--versions-url", "ftp://x"}, Words{"--versions-url", "http://"},
+          Words{"--unit", "a:b"}, Words{"--demo", "--unit", "a"}}) {
+        CLI::App app;
+        CallOptions options;
+        options.AddTo(app);
+        Words reversed(words.rbegin(), words.rend());
+        app.parse(reversed);
+        EXPECT_NE(options.Check(), "") << words[0];
+    }
+}
+
+}  // namespace
+}  // namespace kestrane
