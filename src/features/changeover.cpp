@@ -222,12 +222,9 @@ void Changeover::SaveStartup(int index, const LongOperation& operation) {
     const auto command = StartupCommand(index);
     if (!command || !link_.Command(*command)) return;
     link_.RemoveReplyEscapes();
-    // By position as in the read. The reply echoes four values, so its checksum goes for the
-    // alarm, which is not written.
     if (index == 0) {
-        if (auto record = StartupRecordOf(session_.ReplyBuffer)) {
-            values_.KeepStartupRecord(*std::move(record));
-        }
+        const std::string values = Mid(session_.ReplyBuffer, kMemoryData, kStartupWritten);
+        if (values.size() == kStartupWritten) values_.KeepWrittenValues(values);
     }
     link_.MdWait(delay);
     if (!operation.Stale()) form_.lblMemoryBlock.SetCaption("Writing Startup Data Complete");

@@ -68,10 +68,19 @@ void ChangeoverValues::scrStartup_Change(int index) {
     tab_.txtStartup(index).SetText(std::to_string(kMost - tab_.scrStartup(index).ScrollValue()));
 }
 
-// A box that holds its new value already runs no change handling, so the colours are set apart.
 void ChangeoverValues::KeepStartupRecord(std::string record) {
     startup_record_ = std::move(record);
-    for (int i = 0; i <= kLastStartup; ++i) {
+    ShowStartup(0, kLastStartup);
+}
+
+void ChangeoverValues::KeepWrittenValues(const std::string& values) {
+    startup_record_.replace(0, values.size(), values);
+    ShowStartup(0, static_cast<int>(values.size()) - 1);
+}
+
+// A box that holds its new value already runs no change handling, so the colours are set apart.
+void ChangeoverValues::ShowStartup(int first, int last) {
+    for (int i = first; i <= last; ++i) {
         TextBox& box = tab_.txtStartup(i);
         box.SetText(std::to_string(StartupValue(startup_record_, i)));
         Compare(box, StartupValue(startup_record_, i));

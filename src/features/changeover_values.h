@@ -26,6 +26,9 @@ class ChangeoverValues {
 
     // Takes over a startup record: the boxes show it and are compared with it from now on.
     void KeepStartupRecord(std::string record);
+    // The first values of the record are these now, as a write has left them. Its others stay,
+    // and so do the boxes of those.
+    void KeepWrittenValues(const std::string& values);
     // Sets the live boxes to the values of ChangeoverStatus.
     void CopyLiveValues();
     // Colours the live boxes afresh; called when ChangeoverStatus has changed.
@@ -36,6 +39,8 @@ class ChangeoverValues {
     int Startup(int index) const;
 
   private:
+    void ShowStartup(int first, int last);
+
     ChangeoverTab& tab_;
     Session& session_;
     std::string startup_record_;

@@ -130,6 +130,8 @@ void Firmware::NetGrab1_Complete(std::size_t nBytes) {
     const auto entries = EntriesOf(NetGrab1.Bytes());
     tab_.lblRelayLatest.SetCaption(LatestRelayVersion(entries, relay_code_));
     tab_.lblDisplayLatest.SetCaption(LatestDisplayVersion(entries, display_code_));
+    // There is no speed over no time: the handling ends before its last line then.
+    if (NetGrab1.Duration() == 0) return;
     form_.lblMemoryBlock.SetCaption(DownloadSummary(nBytes, NetGrab1.Duration()));
 }
 

@@ -62,7 +62,7 @@ std::string LatestDisplayVersion(const std::vector<std::string>& entries, std::s
 
 std::string DownloadSummary(std::size_t bytes, unsigned duration_ms) {
     // Bits per millisecond are kilobits per second; in tenths, a half rounded up.
-    const std::uint64_t ms = std::max(duration_ms, 1u);
+    const std::uint64_t ms = duration_ms;
     const std::uint64_t tenths = (std::uint64_t{bytes} * 160 + ms) / (2 * ms);
     return WithThousands(bytes) + " bytes (" + std::to_string(tenths / 10) + "." +
            std::to_string(tenths % 10) + " kbps)";

@@ -19,7 +19,7 @@ std::vector<std::string> EntriesOf(std::string_view page);
 std::string LatestRelayVersion(const std::vector<std::string>& entries, std::string_view code);
 std::string LatestDisplayVersion(const std::vector<std::string>& entries, std::string_view code);
 
-// "1,234 bytes (56.7 kbps)"; a duration of 0 ms counts as 1.
+// "1,234 bytes (56.7 kbps)". The duration is above 0.
 std::string DownloadSummary(std::size_t bytes, unsigned duration_ms);
 
 }  // namespace kestrane
