@@ -14,11 +14,6 @@ constexpr std::chrono::milliseconds kRefreshLimit{10'000};
 // The download gives up by itself before.
 constexpr std::chrono::milliseconds kDownloadLimit{35'000};
 
-bool EndsWith(const std::string& text, const std::string& end) {
-    return text.size() >= end.size() &&
-           text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 }  // namespace
 
 CallDriver::CallDriver(CallContext& context)
@@ -171,11 +166,10 @@ bool CallDriver::ReadFirmware(const TabRow& tab) {
     Control& button = *form_.Find(tab.read_button);
     const auto& status = form_.lblMemoryBlock;
     if (!Operate(tab.name, [&] { button.on_click(); }, {})) return false;
-    const auto ended = [&] {
-        return EndsWith(status.Caption(), "kbps)") || status.Caption() == "Remote Download failed ";
-    };
+    const NetGrab& download = tool_.firmware.NetGrab1;
     if (form_.firmware.lblSerialNo.Caption() == "-") return Fail(WhyFailed(tab.name));
-    if (!WaitUntil(ended, kDownloadLimit) || !EndsWith(status.Caption(), "kbps)")) {
+    if (!WaitUntil([&] { return !download.Busy(); }, kDownloadLimit) ||
+        status.Caption() == "Remote Download failed ") {
         context_.complain(
             "the latest versions could not be fetched; check the address given by --versions-url");
     }
