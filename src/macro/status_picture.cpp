@@ -18,6 +18,24 @@ std::uint16_t Word(std::string_view record, std::size_t position) {
     return static_cast<std::uint16_t>(ByteAt(record, position) << 8 | ByteAt(record, position + 1));
 }
 
+// The last whole frame of what the line brought in one go: where a poll and a press of the button
+// cross, or a unit answers after a silence, replies come joined. Without one, all of it.
+std::string_view NewestFrame(std::string_view bytes) {
+    std::string_view newest = bytes;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i + 1 < bytes.size(); ++i) {
+        if (bytes[i] != kDle) continue;
+        ++i;
+        if (bytes[i] != kEtx) continue;
+        const std::size_t end = i + 1;
+        const bool next_begins = bytes.substr(end, 2) == std::string_view("\x10\x02");
+        if (end != bytes.size() && !next_begins) continue;
+        newest = bytes.substr(start, end - start);
+        start = end;
+    }
+    return newest;
+}
+
 Lamp OutletLamp(const UnitStatus& status, int outlet) {
     if (Bit(status.flags_a, outlet)) return kLampGreen;
     const bool dark = !status.OutletOn(outlet) && Bit(status.flags_b, outlet);
@@ -37,7 +55,8 @@ void LightChangeover(const UnitStatus& status, Lights& lights) {
 
 }  // namespace
 
-std::string RecordInReply(std::string reply) {
+std::string RecordInReply(std::string_view bytes) {
+    std::string reply(NewestFrame(bytes));
     RemoveEscapes(reply);
     constexpr std::size_t kAround = kStatusData - 1 + kTail;
     if (reply.size() < kAround || reply[0] != kDle || reply[1] != kStx) return {};

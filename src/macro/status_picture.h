@@ -26,9 +26,9 @@ struct UnitStatus {
     bool OutletOn(int outlet) const { return (outlet_on >> outlet & 1) != 0; }
 };
 
-// The status record of a reply as it came from the line; empty if that is no status reply. A
-// doubled 0x10 is undone before the length counts.
-std::string RecordInReply(std::string reply);
+// The status record of a reply as it came from the line, of the newest where several came joined;
+// empty if that is no reply. A doubled 0x10 is undone before the length counts.
+std::string RecordInReply(std::string_view bytes);
 
 // Nothing unless the record has its 13 bytes.
 std::optional<UnitStatus> ReadStatus(std::string_view record);

@@ -62,6 +62,10 @@ TEST(StatusPicture, TakesTheRecordBetweenEchoAndChecksum) {
     }
     const std::string record = Record(0x1010, 0x1003, 0x0210, 0x10);
     EXPECT_EQ(RecordInReply(StatusReply(record)), record);
+    // Replies that came joined, the last of them perhaps in part.
+    const std::string joined = StatusReply(std::string(13, '\x03')) + StatusReply(record);
+    EXPECT_EQ(RecordInReply(joined), record);
+    EXPECT_EQ(RecordInReply(StatusReply(record) + StatusReply(record).substr(0, 9)), record);
     for (const char* other : {"", "\x10", "\x10\x02", "\x10\x02\xFA\x31\x55\x10", "garbage!"}) {
         EXPECT_FALSE(ReadStatus(RecordInReply(other)));
     }
@@ -167,6 +171,14 @@ TEST_F(Status, OnRequestBringsTheListToItsStart) {
         Click(editor.cmdGetStatus);
         EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
         EXPECT_EQ(Light(2), kLampGreen);
+        // At any moment of the polls, whose replies join with its own.
+        editor.timUpdate.SetEnabled(true);
+        for (int i = 0; i < 30; ++i) {
+            MoveTo(0x60);
+            Wait(37);
+            Click(editor.cmdGetStatus);
+            EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
+        }
         MoveTo(0x60);
         record = "short";
         Click(editor.cmdGetStatus);
