@@ -27,6 +27,7 @@ std::optional<int> Parse(int argc, char** argv, CommandLine& line) {
     CLI::App app("Reads and sets a Kestrane MDU from the command line.", "kestrane-cli");
     app.set_version_flag("--version", std::string("kestrane-cli ") + KESTRANE_VERSION);
     app.footer(
+        "--unit, --timeout, --versions-url and --demo may also stand behind the call.\n"
         "Exit status: 0 done, 1 the unit could not be reached, did not answer or refused,\n"
         "2 wrong usage or a refused value; nothing is written to the unit then.");
     app.fallthrough();
