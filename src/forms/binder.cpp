@@ -80,6 +80,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             UserFocus(static_cast<QFocusEvent&>(*event));
             break;
+        case QEvent::MouseButtonPress:
+            UserPress();
+            break;
         case QEvent::MouseButtonRelease:
             mirror_.MouseReleased();
             break;
@@ -99,6 +102,16 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 void Binder::UserFocus(const QFocusEvent& event) {
     if (mirror_.syncing() || !CausedByUser(event.reason())) return;
     mirror_.FocusByUser(control_, event.reason() == Qt::MouseFocusReason);
+}
+
+// A widget may have the toolkit's focus already, by its window becoming active, with the model
+// not told: then no focus event comes. Widgets bear the names of their controls.
+void Binder::UserPress() {
+    const QWidget* const target = widget_.focusProxy() ? widget_.focusProxy() : &widget_;
+    Control* const entered = mirror_.form().Find(target->objectName().toStdString());
+    if (entered && entered->TakesFocus() && EffectivelyEnabled(*entered)) {
+        mirror_.FocusByUser(*entered, true);
+    }
 }
 
 QString Binder::TipAt(const QPoint& /*place*/) const {

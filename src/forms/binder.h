@@ -51,6 +51,7 @@ class Binder : public QObject {
 
   private:
     void UserFocus(const QFocusEvent& event);
+    void UserPress();
 
     Control& control_;
     QWidget& widget_;

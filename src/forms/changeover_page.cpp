@@ -38,6 +38,9 @@ FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
     if (row < kLiveRows) {
         const int index = row + kFirstLive;
         grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index)), 0, 0);
+    } else {
+        // An empty column would lose its distance to the next one.
+        grid->addItem(new QSpacerItem(1, 1), 0, 0);
     }
     grid->addLayout(Value(mirror, tab.txtStartup(row), tab.scrStartup(row)), 0, 1);
     QLabel* text = mirror.Make(*measured[row]);

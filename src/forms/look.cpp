@@ -57,7 +57,7 @@ QPalette LightPalette() {
 }
 
 QPalette DarkPalette() {
-    QPalette palette(QColor(0x3A, 0x3F, 0x46), QColor(0x25, 0x28, 0x2D));
+    QPalette palette(QColor(0x2F, 0x33, 0x39), QColor(0x25, 0x28, 0x2D));
     palette.setColor(QPalette::WindowText, QColor(0xE8, 0xEA, 0xED));
     palette.setColor(QPalette::Text, QColor(0xE8, 0xEA, 0xED));
     palette.setColor(QPalette::ButtonText, QColor(0xE8, 0xEA, 0xED));
@@ -78,7 +78,9 @@ QPalette DarkPalette() {
 void SetText(QPalette& palette, QPalette::ColorRole text, QPalette::ColorRole ground,
              const QColor& colour) {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const QColor ground_colour = palette.color(group, ground);
+        const QColor ground_colour = ground == QPalette::Window && IsDark(palette)
+                                         ? Raised(palette)
+                                         : palette.color(group, ground);
         const QColor wanted =
             group == QPalette::Disabled ? Mix(colour, ground_colour, 0.3) : colour;
         palette.setColor(group, text, Readable(wanted, ground_colour));

@@ -64,6 +64,7 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
     outer->addLayout(titles);
 
     auto* grid = new QGridLayout;
+    const int inlet_width = picture->fontMetrics().averageCharWidth() * (kNameLength + 3);
     grid->setHorizontalSpacing(4);
     grid->setVerticalSpacing(3);
     for (int i = 0; i < ScriptEditForm::kPositions; ++i) AddPosition(mirror, grid, form, i);
@@ -72,6 +73,9 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
     AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,
            ScriptEditForm::kSecondInlet);
     grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, 2 * kGap);
+    for (const int inlet : {ScriptEditForm::kFirstInlet, ScriptEditForm::kSecondInlet}) {
+        grid->setColumnMinimumWidth(ColumnOf(inlet), inlet_width);
+    }
     outer->addLayout(grid);
     return picture;
 }

@@ -1,5 +1,6 @@
 #include "forms/windows.h"
 
+#include <QCoreApplication>
 #include <QPixmap>
 
 namespace kestrane {
@@ -51,6 +52,7 @@ bool Windows::Grab(const std::string& form, const std::string& path) {
     window.ensurePolished();
     // All of it, also where the screen is too small.
     window.resize(window.WholeSize());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     return window.grab().save(QString::fromStdString(path), "PNG");
 }
 

@@ -23,6 +23,7 @@ class LayoutTest : public FormsTest {
         FormWindow& window = windows_.WindowOf(shown);
         window.mirror().Refresh();
         window.resize(window.WholeSize());
+        Settle();
         window.grab();
         for (Control* control : shown.controls()) {
             QWidget* view = window.mirror().WidgetOf(*control);

@@ -270,6 +270,7 @@ TEST_F(MirrorTest, TheListingIsWorkedByKeyboardAndMouse) {
     for (int i = 0; i < 16; ++i) editor.shpOutline(i).SetVisible(i == 5);
     world_.time.After(std::chrono::milliseconds{20}, [&] {
         auto& row = View<QLabel>(editor.lblCommand(2));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(row.window()));
         row.setFocus(Qt::MouseFocusReason);
         QTest::mouseClick(&row, Qt::LeftButton);
         Settle();
