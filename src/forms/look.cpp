@@ -27,18 +27,20 @@ QColor Mix(const QColor& a, const QColor& b, double part_of_b) {
                             mix(a.blueF(), b.blueF()));
 }
 
+// The style draws tab pages and buttons lighter than the button colour where that is dark.
+QColor Raised(const QPalette& palette) {
+    const QColor button = palette.color(QPalette::Button);
+    return IsDark(palette) ? button.lighter(130) : button;
+}
+
 // Disabled texts stand back, but can still be read.
 void SetDisabledTexts(QPalette& palette) {
-    struct Pair {
-        QPalette::ColorRole text;
-        QPalette::ColorRole ground;
-    };
-    for (const Pair pair :
-         {Pair{QPalette::WindowText, QPalette::Window}, Pair{QPalette::Text, QPalette::Base},
-          Pair{QPalette::ButtonText, QPalette::Button}}) {
-        const QColor ground = palette.color(QPalette::Disabled, pair.ground);
-        const QColor faint = Mix(palette.color(QPalette::Active, pair.text), ground, 0.5);
-        palette.setColor(QPalette::Disabled, pair.text, Readable(faint, ground));
+    const QColor raised = Raised(palette);
+    const QColor base = palette.color(QPalette::Disabled, QPalette::Base);
+    for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+        const QColor ground = role == QPalette::Text ? base : raised;
+        const QColor faint = Mix(palette.color(QPalette::Active, role), ground, 0.5);
+        palette.setColor(QPalette::Disabled, role, Readable(faint, ground));
     }
 }
 
