@@ -98,10 +98,15 @@ void Link::ShowSent(const std::string& escaped) {
 // of lost connections stand on the stack does the next connect end them.
 void Link::WaitForReply() {
     const Depth depth(waits_);
+    const Depth reply_depth(reply_waits_);
     while (form_.Label3.Caption() == kWaiting) {
         if (current_ && current_->Stale() && current_->connection_ <= released_) return;
         platform_.loop.Pump();
     }
+}
+
+bool Link::ReplyUnseen() const {
+    return reply_waits_ > 0 && form_.Label3.Caption() != kWaiting;
 }
 
 Link::Verdict Link::Box(const char* title, const char* text) {

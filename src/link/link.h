@@ -57,6 +57,10 @@ class Link {
     // waiting already, the frame is sent and false returned at once; the reply is the other's.
     bool Poll(std::string& text, bool& waiting);
 
+    // A reply has come that the wait for it has not seen yet. A frame sent now would hide it: what
+    // sends by a timer leaves it then, or a timer in step with the reader could do so for ever.
+    bool ReplyUnseen() const;
+
     // Undoes the doubling in ReplyBuffer, in place.
     void RemoveReplyEscapes() { RemoveEscapes(session_.ReplyBuffer); }
 
@@ -105,6 +109,7 @@ class Link {
     int connections_ = 0;
     int released_ = 0;  // waits of connections up to this one end at once
     int waits_ = 0;
+    int reply_waits_ = 0;  // those of them that wait for a reply
     unsigned frames_sent_ = 0;
 };
 

@@ -33,31 +33,50 @@ void StatusPoll::chkTrace_Click() {
     if (form_.chkTrace.Checked()) listing_.RefreshListing();
 }
 
-// The status record of the answer; empty if there is none for this handler any more.
-std::string StatusPoll::Exchange(bool& waiting) {
-    if (!link_.Connected()) return {};
+void StatusPoll::Exchange(bool& waiting, Show show) {
+    if (!link_.Connected()) return;
     const Link::Operation operation(link_);
     const Visit visit(state_);
     std::string command = Bytes({session_.RelayAddress, kReadLiveStatus});
-    if (!link_.Poll(command, waiting) || visit.Ended()) return {};
-    return RecordInReply(session_.ReplyBuffer);
+    if (!link_.Poll(command, waiting) || visit.Ended()) return;
+    (this->*show)(RecordInReply(session_.ReplyBuffer));
 }
 
-void StatusPoll::timUpdate_Timer() { ShowStatus(Exchange(update_waits_)); }
+// Reader and polls tick at the same pace, so a tick can come between a reply and the wait for it.
+// It is made up for as soon as that wait has ended.
+void StatusPoll::Poll(Timer& timer, bool& waiting, Show show) {
+    tick_left_ = link_.ReplyUnseen();
+    if (tick_left_) return;
+    Exchange(waiting, show);
+    if (!tick_left_) return;
+    tick_left_ = false;
+    link_.platform().loop.Post([&timer] {
+        if (timer.Enabled()) timer.on_timer();
+    });
+}
+
+void StatusPoll::timUpdate_Timer() {
+    Poll(form_.timUpdate, update_waits_, &StatusPoll::ShowStatus);
+}
 
 void StatusPoll::timTrace_Timer() {
     if (!form_.chkTrace.Checked()) return;
-    const std::string record = Exchange(trace_waits_);
+    Poll(form_.timTrace, trace_waits_, &StatusPoll::ShowTrace);
+}
+
+void StatusPoll::ShowTrace(std::string_view record) {
     const auto status = ReadStatus(record);
     if (!status) return;
     if (form_.chkTrace.Checked()) GoTo(status->macro_pointer);
     ShowStatus(record);
 }
 
-// The list goes back to its start, wherever the macro is.
 void StatusPoll::cmdGetStatus_Click() {
-    if (state_.transferring) return;
-    const std::string record = Exchange(get_status_waits_);
+    if (!state_.transferring) Exchange(get_status_waits_, &StatusPoll::ShowFromStart);
+}
+
+// The list goes back to its start, wherever the macro is.
+void StatusPoll::ShowFromStart(std::string_view record) {
     if (!ReadStatus(record)) return;
     GoTo(kFirstMacroAddress);
     ShowStatus(record);

@@ -32,7 +32,12 @@ class StatusPoll {
     void StopTimers();
 
   private:
-    std::string Exchange(bool& waiting);
+    using Show = void (StatusPoll::*)(std::string_view record);
+
+    void Poll(Timer& timer, bool& waiting, Show show);
+    void Exchange(bool& waiting, Show show);
+    void ShowTrace(std::string_view record);
+    void ShowFromStart(std::string_view record);
     void GoTo(int address);
 
     ScriptEditForm& form_;
@@ -43,6 +48,7 @@ class StatusPoll {
     bool update_waits_ = false;
     bool trace_waits_ = false;
     bool get_status_waits_ = false;
+    bool tick_left_ = false;  // by a poll that found an answer unseen
 };
 
 }  // namespace kestrane

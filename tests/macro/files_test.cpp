@@ -23,9 +23,10 @@ class MacroFilesTest : public testing::Test, public OfflineEditor {
     MacroFilesTest() {
         fs::create_directory(folder);
         for (int row = 0; row < TriggersTab::kRows; ++row) {
-            form.triggers.txtMTName(row).SetText("Trigger " + std::to_string(row));
+            const std::string address = HexByte(static_cast<std::uint8_t>(0x10 + row));
+            form.triggers.txtMTName(row).SetText("Trigger" + address.substr(1));
             form.triggers.txtMTPage(row).SetText("0");
-            form.triggers.txtMTAddress(row).SetText("1" + std::to_string(row));
+            form.triggers.txtMTAddress(row).SetText(address);
             form.triggers.chkMacro(row).SetChecked(row % 2 == 0);
         }
     }
@@ -61,7 +62,7 @@ TEST_F(MacroFilesTest, SavesWhatLoadsBackWhole) {
         Save(Path("program.sms"));
         EXPECT_FALSE(editor.chkTrace.Checked());
         EXPECT_TRUE(editor.timUpdate.Enabled());
-        EXPECT_EQ(form.triggers.txtMTName(0).Text(), "Trigger 0     ");
+        EXPECT_EQ(form.triggers.txtMTName(0).Text(), "Trigger0      ");
         EXPECT_TRUE(state.image == image);
         const std::string content = Content(Path("program.sms"));
         EXPECT_EQ(content.substr(0, content.find("\r\n")),
@@ -74,7 +75,7 @@ TEST_F(MacroFilesTest, SavesWhatLoadsBackWhole) {
         for (std::size_t i = 32; i < 256; ++i) EXPECT_EQ(state.image.Get(i), image.Get(i));
         EXPECT_EQ(state.image.Get(0), 0);
         EXPECT_EQ(editor.lblMem1(0).Caption(), HexByte(image.Get(32)));
-        EXPECT_EQ(form.triggers.txtMTName(0).Text(), "Trigger 0");
+        EXPECT_EQ(form.triggers.txtMTName(0).Text(), "Trigger0");
         EXPECT_FALSE(session.MacroTriggersChanged);
         EXPECT_FALSE(session.MacroChanged);
         EXPECT_TRUE(world.boxes.shown().empty());

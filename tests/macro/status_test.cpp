@@ -163,6 +163,31 @@ TEST_F(Status, IsFollowedByTheCursorInTraceOnly) {
     });
 }
 
+// A tick that is handled in one go with the reader's, before the wait has seen the answer.
+TEST_F(Status, IsTakenByTheNextTickIfThatComesFirst) {
+    InEditor([&] {
+        world.loop.AfterEvents([&, waiting = false]() mutable {
+            const bool waits = form.Label3.Caption() == "*";
+            const bool came = waiting && !waits;
+            waiting = waits;
+            if (!came || !editor.Visible()) return;
+            if (editor.timTrace.Enabled()) editor.timTrace.on_timer();
+            if (editor.timUpdate.Enabled()) editor.timUpdate.on_timer();
+            waiting = form.Label3.Caption() == "*";
+        });
+        record = Record(0x0001, 0x0001, 0, 0x33);
+        Wait(1000);
+        EXPECT_EQ(Light(0), kLampGreen);
+        SetChecked(editor.chkTrace, true);
+        for (const int pointer : {0x33, 0x44, 0x55}) {
+            record = Record(0, 0, 0, pointer);
+            Wait(500);
+            EXPECT_EQ(editor.scrListScroll.ScrollValue(), pointer);
+        }
+        EXPECT_LT(world.loop.max_pump_depth(), 10);
+    });
+}
+
 TEST_F(Status, OnRequestBringsTheListToItsStart) {
     InEditor([&] {
         editor.timUpdate.SetEnabled(false);

@@ -213,7 +213,7 @@ TEST_F(MacroTransfer, RunsOnceForTwoPresses) {
         const int depth = world.loop.pump_depth();
         int pressed = 0;
         for (int i = 0; i < 40; ++i) {
-            After(10 * i + 1, [&] {
+            After(10 * i + 1, [&, i] {
                 ++pressed;
                 Click(i % 2 == 0 ? editor.cmdDownload : editor.cmdUpload);
                 Click(editor.cmdGetStatus);
