@@ -2,95 +2,31 @@
 
 #include <numeric>
 
+#include "screen/property_values.h"
 #include "screen/screen.h"
 
 namespace kestrane {
-namespace {
 
-using MaybeError = std::optional<std::string>;
+// CaptionedControl
 
-// The main property comes first, then those that every kind has, then the kind's others.
-PropertyList Join(PropertyList first, const PropertyList& common, const PropertyList& rest = {}) {
-    first.insert(first.end(), common.begin(), common.end());
-    first.insert(first.end(), rest.begin(), rest.end());
-    return first;
-}
-
-bool IsMain(const std::string& property, const char* name) {
-    return property.empty() || property == name;
-}
-
-template <class T>
-const T* Is(const Value& value) {
-    return std::get_if<T>(&value);
-}
-
-// A check box takes 0 and 1, true and false.
-std::optional<bool> AsFlag(const Value& value) {
-    if (const bool* flag = Is<bool>(value)) return *flag;
-    const long* number = Is<long>(value);
-    if (number && (*number == 0 || *number == 1)) return *number == 1;
-    return {};
-}
-
-MaybeError AsInt(const Value& value, const std::string& property, int& result) {
-    const long* number = Is<long>(value);
-    if (!number || *number < -1'000'000'000 || *number > 1'000'000'000) {
-        return property + " takes a number";
-    }
-    result = static_cast<int>(*number);
-    return {};
-}
-
-}  // namespace
-
-// Frame
-
-Frame::Frame(Container& container, ControlName name, std::string caption, Traits traits)
-    : Control(container, std::move(name), Kind::kFrame),
-      Container(&container, container.form()),
-      caption_(std::move(caption)) {
+CaptionedControl::CaptionedControl(Container& container, ControlName name, Kind kind,
+                                   std::string caption, Traits traits)
+    : Control(container, std::move(name), kind), caption_(std::move(caption)) {
     SetEnabled(traits.enabled);
     SetVisible(traits.visible);
 }
 
-void Frame::SetCaption(std::string caption) {
+void CaptionedControl::SetCaption(std::string caption) {
     if (caption_ == caption) return;
     caption_ = std::move(caption);
     Notify(Property::kCaption);
 }
 
-PropertyList Frame::Properties() const {
+PropertyList CaptionedControl::Properties() const {
     return Join({{"caption", caption_}}, Control::Properties());
 }
 
-MaybeError Frame::Assign(const std::string& property, const Value& value) {
-    if (!IsMain(property, "caption")) return AssignCommon(property, value);
-    const auto* text = Is<std::string>(value);
-    if (!text) return "caption takes a text";
-    SetCaption(*text);
-    return {};
-}
-
-// Label
-
-Label::Label(Container& container, ControlName name, std::string caption, Traits traits)
-    : Control(container, std::move(name), Kind::kLabel), caption_(std::move(caption)) {
-    SetEnabled(traits.enabled);
-    SetVisible(traits.visible);
-}
-
-void Label::SetCaption(std::string caption) {
-    if (caption_ == caption) return;
-    caption_ = std::move(caption);
-    Notify(Property::kCaption);
-}
-
-PropertyList Label::Properties() const {
-    return Join({{"caption", caption_}}, Control::Properties());
-}
-
-MaybeError Label::Assign(const std::string& property, const Value& value) {
+MaybeError CaptionedControl::Assign(const std::string& property, const Value& value) {
     if (!IsMain(property, "caption")) return AssignCommon(property, value);
     const auto* text = Is<std::string>(value);
     if (!text) return "caption takes a text";
@@ -186,32 +122,6 @@ MaybeError TextBox::Assign(const std::string& property, const Value& value) {
         return {};
     }
     return AssignCommon(property, value);
-}
-
-// Button
-
-Button::Button(Container& container, ControlName name, std::string caption, Traits traits)
-    : Control(container, std::move(name), Kind::kButton), caption_(std::move(caption)) {
-    SetEnabled(traits.enabled);
-    SetVisible(traits.visible);
-}
-
-void Button::SetCaption(std::string caption) {
-    if (caption_ == caption) return;
-    caption_ = std::move(caption);
-    Notify(Property::kCaption);
-}
-
-PropertyList Button::Properties() const {
-    return Join({{"caption", caption_}}, Control::Properties());
-}
-
-MaybeError Button::Assign(const std::string& property, const Value& value) {
-    if (!IsMain(property, "caption")) return AssignCommon(property, value);
-    const auto* text = Is<std::string>(value);
-    if (!text) return "caption takes a text";
-    SetCaption(*text);
-    return {};
 }
 
 // CheckBox
@@ -352,67 +262,6 @@ MaybeError ScrollBar::Assign(const std::string& property, const Value& value) {
     if (!IsMain(property, "value")) return AssignCommon(property, value);
     if (auto error = AsInt(value, "value", number)) return error;
     if (!SetScrollValue(number)) return "out of the scroll bar's range";
-    return {};
-}
-
-// TabControl
-
-TabPage::TabPage(TabControl& tabs, int index)
-    : Container(&tabs.container(), tabs.container().form()), tabs_(tabs), index_(index) {}
-
-bool TabPage::Reachable() const {
-    return tabs_.Tab() == index_ && tabs_.Tabs()[static_cast<std::size_t>(index_)].visible &&
-           tabs_.Enabled() && tabs_.Visible() && parent()->Reachable();
-}
-
-bool TabPage::Showing() const {
-    return tabs_.Tab() == index_ && tabs_.Tabs()[static_cast<std::size_t>(index_)].visible &&
-           tabs_.Visible() && parent()->Showing();
-}
-
-TabControl::TabControl(Container& container, ControlName name, std::vector<std::string> captions)
-    : Control(container, std::move(name), Kind::kTabControl) {
-    for (auto& caption : captions) {
-        tabs_.push_back({std::move(caption)});
-        pages_.push_back(std::make_unique<TabPage>(*this, static_cast<int>(pages_.size())));
-    }
-}
-
-void TabControl::SetTab(int tab) {
-    if (tab < 0 || tab >= TabCount() || tab == tab_) return;
-    tab_ = tab;
-    Notify(Property::kIndex);
-    Run(on_click);
-}
-
-void TabControl::SetTabEnabled(int tab, bool enabled) {
-    TabState& state = tabs_[static_cast<std::size_t>(tab)];
-    if (state.enabled == enabled) return;
-    state.enabled = enabled;
-    Notify(Property::kTabs);
-}
-
-void TabControl::SetTabVisible(int tab, bool visible) {
-    TabState& state = tabs_[static_cast<std::size_t>(tab)];
-    if (state.visible == visible) return;
-    state.visible = visible;
-    Notify(Property::kTabs);
-    if (visible || tab != tab_) return;
-    const auto first = std::find_if(tabs_.begin(), tabs_.end(),
-                                    [](const TabState& candidate) { return candidate.visible; });
-    if (first != tabs_.end()) SetTab(static_cast<int>(first - tabs_.begin()));
-}
-
-PropertyList TabControl::Properties() const {
-    return Join({{"index", static_cast<long>(tab_)}}, Control::Properties(), {{"tabs", tabs_}});
-}
-
-MaybeError TabControl::Assign(const std::string& property, const Value& value) {
-    if (!IsMain(property, "index")) return AssignCommon(property, value);
-    int tab = 0;
-    if (auto error = AsInt(value, "index", tab)) return error;
-    if (tab < 0 || tab >= TabCount()) return "no such tab";
-    SetTab(tab);
     return {};
 }
 

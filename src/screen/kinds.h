@@ -10,6 +10,7 @@
 
 #include "platform/timer_service.h"
 #include "screen/control.h"
+#include "screen/tab_control.h"
 
 namespace kestrane {
 
@@ -49,39 +50,47 @@ struct TimerTraits {
     bool enabled = false;
 };
 
-class Frame : public Control, public Container {
+// What frames, labels and buttons have in common: a caption as their main property.
+class CaptionedControl : public Control {
   public:
     using Traits = ControlTraits;
-    Frame(Container& container, ControlName name, std::string caption, Traits traits = {});
 
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
 
-    std::string container_name() const override { return name(); }
-    bool Reachable() const override { return Usable(); }
-    bool Showing() const override { return Control::Showing(); }
-    Form& form() const { return Control::form(); }
-
     PropertyList Properties() const override;
     std::optional<std::string> Assign(const std::string& property, const Value& value) override;
+
+  protected:
+    CaptionedControl(Container& container, ControlName name, Kind kind, std::string caption,
+                     Traits traits);
 
   private:
     std::string caption_;
 };
 
-class Label : public Control {
+class Frame : public CaptionedControl, public Container {
   public:
-    using Traits = ControlTraits;
-    Label(Container& container, ControlName name, std::string caption = {}, Traits traits = {});
+    Frame(Container& container, ControlName name, std::string caption, Traits traits = {})
+        : CaptionedControl(container, std::move(name), Kind::kFrame, std::move(caption), traits),
+          Container(&container, container.form()) {}
 
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(std::string caption);
+    std::string container_name() const override { return name(); }
+    bool Reachable() const override { return Usable(); }
+    bool Showing() const override { return Control::Showing(); }
+    Form& form() const { return Control::form(); }
+};
 
-    PropertyList Properties() const override;
-    std::optional<std::string> Assign(const std::string& property, const Value& value) override;
+class Label : public CaptionedControl {
+  public:
+    Label(Container& container, ControlName name, std::string caption = {}, Traits traits = {})
+        : CaptionedControl(container, std::move(name), Kind::kLabel, std::move(caption), traits) {}
+};
 
-  private:
-    std::string caption_;
+class Button : public CaptionedControl {
+  public:
+    Button(Container& container, ControlName name, std::string caption, Traits traits = {})
+        : CaptionedControl(container, std::move(name), Kind::kButton, std::move(caption), traits) {}
 };
 
 class TextBox : public Control {
@@ -116,21 +125,6 @@ class TextBox : public Control {
     bool locked_;
     int sel_start_ = 0;
     int sel_length_ = 0;
-};
-
-class Button : public Control {
-  public:
-    using Traits = ControlTraits;
-    Button(Container& container, ControlName name, std::string caption, Traits traits = {});
-
-    const std::string& Caption() const { return caption_; }
-    void SetCaption(std::string caption);
-
-    PropertyList Properties() const override;
-    std::optional<std::string> Assign(const std::string& property, const Value& value) override;
-
-  private:
-    std::string caption_;
 };
 
 class CheckBox : public Control {
@@ -208,46 +202,6 @@ class ScrollBar : public Control {
   private:
     Traits traits_;
     int value_;
-};
-
-class TabControl;
-
-class TabPage : public Container {
-  public:
-    TabPage(TabControl& tabs, int index);
-
-    std::string container_name() const override { return {}; }
-    bool Reachable() const override;
-    bool Showing() const override;
-    int index() const { return index_; }
-
-  private:
-    TabControl& tabs_;
-    int index_;
-};
-
-// A tab's Enabled decides whether a hand can select it; it does not reach what stands on its page.
-class TabControl : public Control {
-  public:
-    TabControl(Container& container, ControlName name, std::vector<std::string> captions);
-
-    int TabCount() const { return static_cast<int>(tabs_.size()); }
-    const std::vector<TabState>& Tabs() const { return tabs_; }
-    int Tab() const { return tab_; }
-    // A new tab runs the click handling.
-    void SetTab(int tab);
-    void SetTabEnabled(int tab, bool enabled);
-    // Hiding the selected tab selects the first visible one.
-    void SetTabVisible(int tab, bool visible);
-    TabPage& page(int tab) { return *pages_[static_cast<std::size_t>(tab)]; }
-
-    PropertyList Properties() const override;
-    std::optional<std::string> Assign(const std::string& property, const Value& value) override;
-
-  private:
-    std::vector<TabState> tabs_;
-    std::vector<std::unique_ptr<TabPage>> pages_;
-    int tab_ = 0;
 };
 
 // Ticks every `Interval` milliseconds while it is enabled; an interval of 0 never ticks. Setting
