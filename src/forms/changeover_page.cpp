@@ -39,8 +39,8 @@ FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
         const int index = row + kFirstLive;
         grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index)), 0, 0);
     } else {
-        // An empty column would lose its distance to the next one.
-        grid->addItem(new QSpacerItem(1, 1), 0, 0);
+        // An empty column would lose its distance to the next one, a spacer would too.
+        grid->addWidget(new QWidget, 0, 0);
     }
     grid->addLayout(Value(mirror, tab.txtStartup(row), tab.scrStartup(row)), 0, 1);
     QLabel* text = mirror.Make(*measured[row]);
@@ -80,8 +80,10 @@ FrameView* DefaultInlet(Mirror& mirror, ChangeoverTab& tab) {
     QGridLayout* grid = GridIn(frame);
     grid->addWidget(Inlets(mirror, tab.fraDefaultInletLive, tab.optInLive), 0, 0);
     grid->addWidget(Inlets(mirror, tab.fraDefaultInletStart, tab.optInE2P), 0, 1);
-    grid->addWidget(mirror.Make(tab.lblDefaultIn), 1, 0, 1, 2);
-    grid->addWidget(mirror.Make(tab.lblLockout), 2, 0, 1, 2);
+    grid->addWidget(Caption(QStringLiteral("Live inlet when read:")), 1, 0);
+    grid->addWidget(mirror.Make(tab.lblDefaultIn), 1, 1);
+    grid->addWidget(Caption(QStringLiteral("Lockout:")), 2, 0);
+    grid->addWidget(mirror.Make(tab.lblLockout), 2, 1);
     grid->addWidget(mirror.Make(tab.cmdSaveCurrent(1)), 3, 0);
     grid->addWidget(mirror.Make(tab.cmdSaveStartup(1)), 3, 1);
     return frame;

@@ -4,6 +4,7 @@
 // and box.
 
 #include <QGridLayout>
+#include <QPalette>
 #include <initializer_list>
 
 #include "forms/mirror.h"
@@ -33,6 +34,17 @@ QHBoxLayout* ButtonRow(Mirror& mirror, std::initializer_list<Button*> buttons);
 
 // A text that is the view's own, no control.
 QLabel* Caption(const QString& text);
+
+// A status text is read and not used: it keeps the colour of enabled text.
+template <class T>
+T* KeepReadable(T* widget) {
+    QPalette palette = widget->palette();
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
+        palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
+    }
+    widget->setPalette(palette);
+    return widget;
+}
 
 // Keeps its place when it is hidden.
 template <class T>

@@ -90,7 +90,7 @@ FrameView* MainWindow::RelayPanel() {
 FrameView* MainWindow::ProgressPanel() {
     FrameView* frame = mirror_.Make(form_.fraMemoryBlock);
     QGridLayout* grid = GridIn(frame);
-    QLabel* text = mirror_.Make(form_.lblMemoryBlock);
+    QLabel* text = KeepReadable(mirror_.Make(form_.lblMemoryBlock));
     ReserveWidth(text, "Reading 1-Wire Live Addresses 16 of 16");
     progress_ = KeepPlace(new QProgressBar);
     progress_->setTextVisible(false);
@@ -113,7 +113,7 @@ QTabWidget* MainWindow::MakeTabs() {
 QLayout* MainWindow::StatusRow() {
     auto* row = Row();
     row->addWidget(mirror_.Make(form_.lblNotLoggedIn), 1);
-    row->addWidget(mirror_.Make(form_.lblVersion));
+    row->addWidget(KeepReadable(mirror_.Make(form_.lblVersion)));
     row->addSpacing(kGap);
     row->addWidget(mirror_.Make(form_.cmdHelp));
     return row;
@@ -126,16 +126,16 @@ QWidget* MainWindow::DiagnosticsPanel() {
     row->setSpacing(kBetweenFrames);
     FrameView* sent = mirror_.Make(form_.fraCommandSent);
     QGridLayout* grid = GridIn(sent);
-    grid->addWidget(mirror_.MakeLong(form_.Label2), 0, 0, 1, 2);
-    grid->addWidget(mirror_.Make(form_.Label4), 1, 0);
+    grid->addWidget(KeepReadable(mirror_.MakeLong(form_.Label2)), 0, 0, 1, 2);
+    grid->addWidget(KeepReadable(mirror_.Make(form_.Label4)), 1, 0);
     TextBoxView* delay = mirror_.Make(form_.txtSleepDelay, 5);
     delay->setAccessibleName(QStringLiteral("Wait after a live write, milliseconds"));
     grid->addWidget(delay, 1, 1);
     grid->setColumnStretch(0, 1);
     FrameView* response = mirror_.Make(form_.fraResponse);
     QGridLayout* replies = GridIn(response);
-    replies->addWidget(mirror_.MakeLong(form_.Label1), 0, 0);
-    replies->addWidget(mirror_.MakeLong(form_.Label3), 0, 1);
+    replies->addWidget(KeepReadable(mirror_.MakeLong(form_.Label1)), 0, 0);
+    replies->addWidget(KeepReadable(mirror_.MakeLong(form_.Label3)), 0, 1);
     row->addWidget(sent, 1);
     row->addWidget(response, 1);
     return panel;
