@@ -57,6 +57,7 @@ void MacroEditor::StartAfresh() {
     for (CheckBox* box : {&form_.chkTrace, &form_.chkWait, &form_.chkAutoIncrement}) {
         box->SetChecked(false);
     }
+    poll_.StartAfresh();
     outlet_masks_.cmdClearLocks_Click();
     form_.txtGroup1.SetText("00");
     form_.txtGroup2.SetText("00");

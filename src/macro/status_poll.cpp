@@ -42,10 +42,13 @@ void StatusPoll::Exchange(bool& waiting, Show show) {
     (this->*show)(RecordInReply(session_.ReplyBuffer));
 }
 
-// Reader and polls tick at the same pace, so a tick can come between a reply and the wait for it.
-// It is made up for as soon as that wait has ended.
+// A wait of an earlier opening may still stand on the stack; it is none of this one's.
+void StatusPoll::StartAfresh() { update_waits_ = trace_waits_ = get_status_waits_ = false; }
+
+// Reader and polls tick at the same pace, so a tick can come between a reply and the wait of the
+// poll below for it. It is made up for as soon as that wait has ended.
 void StatusPoll::Poll(Timer& timer, bool& waiting, Show show) {
-    tick_left_ = link_.ReplyUnseen();
+    tick_left_ = waiting && link_.ReplyUnseen();
     if (tick_left_) return;
     Exchange(waiting, show);
     if (!tick_left_) return;

@@ -28,6 +28,8 @@ class StatusPoll {
 
     // The poll that the Trace box asks for, and the other one off. Does nothing while the form is
     // closed or a transfer holds the link.
+    // The form opens.
+    void StartAfresh();
     void StartTimers();
     void StopTimers();
 
