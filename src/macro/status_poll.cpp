@@ -42,8 +42,13 @@ void StatusPoll::Exchange(bool& waiting, Show show) {
     (this->*show)(RecordInReply(session_.ReplyBuffer));
 }
 
-// A wait of an earlier opening may still stand on the stack; it is none of this one's.
-void StatusPoll::StartAfresh() { update_waits_ = trace_waits_ = get_status_waits_ = false; }
+// A wait of an earlier connection may still stand on the stack, where it can't end before the form
+// closes: polls on a new connection wait for themselves.
+void StatusPoll::StartAfresh() {
+    if (connection_ == link_.connection()) return;
+    connection_ = link_.connection();
+    update_waits_ = trace_waits_ = get_status_waits_ = false;
+}
 
 // Reader and polls tick at the same pace, so a tick can come between a reply and the wait of the
 // poll below for it. It is made up for as soon as that wait has ended.

@@ -26,10 +26,10 @@ class StatusPoll {
     // Turns a status record into the picture; a record of another length changes nothing.
     void ShowStatus(std::string_view record);
 
-    // The poll that the Trace box asks for, and the other one off. Does nothing while the form is
-    // closed or a transfer holds the link.
     // The form opens.
     void StartAfresh();
+    // The poll that the Trace box asks for, and the other one off. Does nothing while the form is
+    // closed or a transfer holds the link.
     void StartTimers();
     void StopTimers();
 
@@ -50,6 +50,7 @@ class StatusPoll {
     bool update_waits_ = false;
     bool trace_waits_ = false;
     bool get_status_waits_ = false;
+    int connection_ = 0;      // the one that the form was opened on
     bool tick_left_ = false;  // by a poll that found an answer unseen
 };
 
