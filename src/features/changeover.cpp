@@ -158,14 +158,18 @@ void Changeover::ShowFirstLiveValues(const LiveRecord& live) {
     tab_.lblDefaultIn.SetCaption(std::to_string(live.inlet));
 }
 
-void Changeover::cmdSaveCurrent_Click(int index) {
-    if (!link_.Connected()) return;
+LongOperation Changeover::BeginSave() {
     StopRefresh();
-    const LongOperation operation(
+    return LongOperation(
         form_, link_,
         {&tab_.cmdReadCMSOptions, &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0),
          &tab_.cmdSaveCurrent(1), &tab_.cmdSaveStartup(0), &tab_.cmdSaveStartup(1)},
         {});
+}
+
+void Changeover::cmdSaveCurrent_Click(int index) {
+    if (!link_.Connected()) return;
+    const LongOperation operation = BeginSave();
     SaveCurrent(index, operation);
     Finish(operation);
 }
@@ -202,12 +206,7 @@ std::string Changeover::LiveArguments(int index) const {
 
 void Changeover::cmdSaveStartup_Click(int index) {
     if (!link_.Connected()) return;
-    StopRefresh();
-    const LongOperation operation(
-        form_, link_,
-        {&tab_.cmdReadCMSOptions, &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0),
-         &tab_.cmdSaveCurrent(1), &tab_.cmdSaveStartup(0), &tab_.cmdSaveStartup(1)},
-        {});
+    const LongOperation operation = BeginSave();
     SaveStartup(index, operation);
     Finish(operation);
 }
