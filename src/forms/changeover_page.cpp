@@ -93,11 +93,8 @@ FrameView* DefaultInlet(Mirror& mirror, ChangeoverTab& tab) {
 
 QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
-    auto* frames = Row();
-    frames->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
+    QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Options(mirror, tab), 0, Qt::AlignTop);
     frames->addWidget(DefaultInlet(mirror, tab), 0, Qt::AlignTop);
     frames->addStretch(1);

@@ -16,9 +16,7 @@ QLabel* ValueLabel(Mirror& mirror, Label& label) {
 
 QWidget* BuildFirmwarePage(Mirror& mirror, FirmwareTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
     FrameView* frame = mirror.Make(tab.fraFirmwareUpdate);
     QGridLayout* grid = GridIn(frame);
     grid->setHorizontalSpacing(3 * kGap);

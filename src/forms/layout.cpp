@@ -27,6 +27,19 @@ QVBoxLayout* Column() {
     return column;
 }
 
+QVBoxLayout* ColumnOfPage(QWidget* page) {
+    auto* column = new QVBoxLayout(page);
+    column->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
+    column->setSpacing(kBetweenFrames);
+    return column;
+}
+
+QHBoxLayout* RowOfFrames() {
+    QHBoxLayout* row = Row();
+    row->setSpacing(kBetweenFrames);
+    return row;
+}
+
 TextBoxView* AddField(Mirror& mirror, QGridLayout* grid, int row, int column, Label& label,
                       TextBox& box, int columns) {
     grid->addWidget(mirror.Make(label), row, column);

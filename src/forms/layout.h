@@ -22,6 +22,10 @@ QGridLayout* GridIn(FrameView* frame);
 QHBoxLayout* Row();
 QVBoxLayout* Column();
 
+// The outermost layout of a tab's page, and frames side by side in it.
+QVBoxLayout* ColumnOfPage(QWidget* page);
+QHBoxLayout* RowOfFrames();
+
 // A label in `column` and its box to the right of it.
 TextBoxView* AddField(Mirror& mirror, QGridLayout* grid, int row, int column, Label& label,
                       TextBox& box, int columns = 0);

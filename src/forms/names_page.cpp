@@ -51,11 +51,8 @@ FrameView* Outlets(Mirror& mirror, NamesTab& tab) {
 
 QWidget* BuildNamesPage(Mirror& mirror, NamesTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
-    auto* frames = Row();
-    frames->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
+    QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Inlets(mirror, tab), 0, Qt::AlignTop);
     frames->addWidget(Outlets(mirror, tab), 0, Qt::AlignTop);
     frames->addStretch(1);

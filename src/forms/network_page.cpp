@@ -130,9 +130,7 @@ FrameView* WebBrowser(Mirror& mirror, NetworkTab& tab) {
 
 QWidget* BuildNetworkPage(Mirror& mirror, NetworkTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
     auto* columns = Row();
     columns->setSpacing(kBetweenFrames);
 

@@ -49,11 +49,8 @@ FrameView* Legend(Mirror& mirror, OneWireTab& tab) {
 
 QWidget* BuildOneWirePage(Mirror& mirror, OneWireTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
-    auto* frames = Row();
-    frames->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
+    QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Sensors(mirror, tab), 0, Qt::AlignTop);
     QVBoxLayout* side = Column();
     side->addWidget(Legend(mirror, tab));

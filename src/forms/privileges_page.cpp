@@ -52,9 +52,7 @@ QGridLayout* Board(Mirror& mirror, PrivilegesTab& tab, int board) {
 
 QWidget* BuildPrivilegesPage(Mirror& mirror, PrivilegesTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
     FrameView* frame = mirror.Make(tab.fraTcpControlSettings);
     QGridLayout* grid = GridIn(frame);
     grid->setContentsMargins(2 * kMargin, kMargin, 2 * kMargin, kMargin);

@@ -5,9 +5,7 @@ namespace kestrane {
 
 QWidget* BuildTriggersPage(Mirror& mirror, TriggersTab& tab) {
     auto* page = new QWidget;
-    auto* outer = new QVBoxLayout(page);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
-    outer->setSpacing(kBetweenFrames);
+    QVBoxLayout* outer = ColumnOfPage(page);
     FrameView* frame = mirror.Make(tab.fraMacroTrigger);
     QGridLayout* grid = GridIn(frame);
     grid->setVerticalSpacing(kGap);
