@@ -15,15 +15,17 @@ if(KESTRANE_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# kestrane_library(<folder> [LINK <target>...]): the sources of the current folder as the
-# library kestrane_<folder>. It links what the folder may include and nothing else.
+# kestrane_library(<folder> [LINK <target>...] [PRIVATE_LINK <target>...]): the sources of the
+# current folder as the library kestrane_<folder>. It links what the folder may include and
+# nothing else; PRIVATE_LINK is for what its headers do not show.
 function(kestrane_library folder)
-  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LINK;PRIVATE_LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
   add_library(kestrane_${folder} STATIC ${sources})
   set_target_properties(kestrane_${folder} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(kestrane_${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
-  target_link_libraries(kestrane_${folder} PUBLIC ${ARG_LINK} PRIVATE kestrane_options)
+  target_link_libraries(kestrane_${folder} PUBLIC ${ARG_LINK}
+                        PRIVATE ${ARG_PRIVATE_LINK} kestrane_options)
 endfunction()
 
 # kestrane_test(<folder> [LINK <target>...]): tests/<folder>/*_test.cpp as one test program.

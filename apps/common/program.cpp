@@ -1,5 +1,6 @@
 #include "common/program.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 namespace kestrane {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "console/call.h"
+#include "cli/call.h"
 #include "host/input_lines.h"
 #include "unit/unit_server.h"
 

@@ -1,6 +1,6 @@
 #include "kestrane-config/why_disabled.h"
 
-#include "console/tabs.h"
+#include "cli/tabs.h"
 
 namespace kestrane {
 namespace {

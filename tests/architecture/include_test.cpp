@@ -36,6 +36,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"help", kLink},
     {"tool", Join(kLink, kTopics)},
     {"console", kTool},
+    {"cli", Join(kTool, {"console"})},
     {"forms", kTool},
     {"host", {"text", "platform"}},
     {"unit", {"text"}},

@@ -2,7 +2,7 @@
 
 // `kestrane-cli console`: every control by name, for scripts.
 
-#include "console/call.h"
+#include "cli/call.h"
 
 namespace kestrane {
 

@@ -1,14 +1,15 @@
 // The call `macro`: files on their own, and programs to and from the demo unit on virtual time.
 
-#include "console/macro_call.h"
+#include <CLI/CLI.hpp>
+#include "cli/macro_call.h"
 
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "console/macro_listing.h"
-#include "console_test_support.h"
+#include "cli/macro_listing.h"
+#include "console/console_test_support.h"
 #include "macro/macro_file.h"
 #include "macro/whole_file.h"
 

@@ -2,11 +2,14 @@
 
 // The options that kestrane-cli and kestrane-config share, and what they set on the tool.
 
-#include <CLI/CLI.hpp>
 #include <optional>
 #include <string>
 
 #include "tool/tool.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kestrane {
 

@@ -1,4 +1,4 @@
-#include "console/macro_listing.h"
+#include "cli/macro_listing.h"
 
 #include "console/values.h"
 #include "macro/instruction_set.h"

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "console/tabs.h"
+#include "cli/tabs.h"
 
 namespace kestrane {
 

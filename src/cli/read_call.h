@@ -2,7 +2,7 @@
 
 // `kestrane-cli read [TAB...]`: reads the unit and prints what the tabs show.
 
-#include "console/call.h"
+#include "cli/call.h"
 
 namespace kestrane {
 

@@ -3,7 +3,7 @@
 // `kestrane-cli macro list|check|download|upload FILE`: macro files looked at without a unit, and
 // programs moved between a file and a unit.
 
-#include "console/call.h"
+#include "cli/call.h"
 
 namespace kestrane {
 

@@ -1,8 +1,8 @@
-#include "console/changes.h"
+#include "cli/changes.h"
 
 #include <algorithm>
 
-#include "console/shown_value.h"
+#include "cli/shown_value.h"
 #include "console/values.h"
 #include "settings/quad.h"
 #include "text/text.h"

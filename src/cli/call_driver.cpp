@@ -1,4 +1,4 @@
-#include "console/call_driver.h"
+#include "cli/call_driver.h"
 
 #include <algorithm>
 

@@ -3,14 +3,17 @@
 // The calls of kestrane-cli: `read`, `set` and the rest, one class and one file each. A call gets
 // a whole tool and pumps its events until it is done. AllCalls() is where a new one is added.
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "console/call_options.h"
+#include "cli/call_options.h"
 #include "console/scripted_operator.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kestrane {
 

@@ -1,4 +1,4 @@
-#include "console/tabs.h"
+#include "cli/tabs.h"
 
 #include <algorithm>
 #include <set>

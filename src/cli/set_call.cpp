@@ -1,10 +1,11 @@
-#include "console/set_call.h"
+#include "cli/set_call.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "console/call_driver.h"
-#include "console/changes.h"
-#include "console/shown_value.h"
+#include "cli/call_driver.h"
+#include "cli/changes.h"
+#include "cli/shown_value.h"
 
 namespace kestrane {
 namespace {

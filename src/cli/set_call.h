@@ -3,7 +3,7 @@
 // `kestrane-cli set NAME=VALUE ...`: types values into the tabs as an operator would and writes
 // those tabs. Nothing is written unless every value stands as it was given.
 
-#include "console/call.h"
+#include "cli/call.h"
 
 namespace kestrane {
 

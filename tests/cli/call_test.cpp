@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include "console/changes.h"
-#include "console/read_call.h"
-#include "console/set_call.h"
-#include "console/tabs.h"
-#include "console_test_support.h"
+#include <CLI/CLI.hpp>
+
+#include "cli/changes.h"
+#include "cli/read_call.h"
+#include "cli/set_call.h"
+#include "cli/tabs.h"
+#include "console/console_test_support.h"
 #include "text/text.h"
 
 namespace kestrane {

@@ -1,9 +1,10 @@
-#include "console/read_call.h"
+#include "cli/read_call.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "console/call_driver.h"
-#include "console/shown_value.h"
+#include "cli/call_driver.h"
+#include "cli/shown_value.h"
 #include "macro/instruction_set.h"
 #include "text/text.h"
 

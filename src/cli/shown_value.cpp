@@ -1,4 +1,4 @@
-#include "console/shown_value.h"
+#include "cli/shown_value.h"
 
 #include "console/values.h"
 #include "screen/kinds.h"

@@ -1,8 +1,8 @@
-#include "console/call.h"
-#include "console/console_call.h"
-#include "console/macro_call.h"
-#include "console/read_call.h"
-#include "console/set_call.h"
+#include "cli/call.h"
+#include "cli/console_call.h"
+#include "cli/macro_call.h"
+#include "cli/read_call.h"
+#include "cli/set_call.h"
 
 namespace kestrane {
 

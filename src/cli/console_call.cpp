@@ -1,4 +1,6 @@
-#include "console/console_call.h"
+#include "cli/console_call.h"
+
+#include <CLI/CLI.hpp>
 
 #include "console/console.h"
 

@@ -1,9 +1,10 @@
-#include "console/macro_call.h"
+#include "cli/macro_call.h"
 
+#include <CLI/CLI.hpp>
 #include <map>
 
-#include "console/call_driver.h"
-#include "console/macro_listing.h"
+#include "cli/call_driver.h"
+#include "cli/macro_listing.h"
 #include "macro/whole_file.h"
 #include "text/text.h"
 

@@ -1,5 +1,6 @@
-#include "console/call_options.h"
+#include "cli/call_options.h"
 
+#include <CLI/CLI.hpp>
 #include <cmath>
 
 #include "console/words.h"

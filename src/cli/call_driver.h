@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "console/call.h"
-#include "console/tabs.h"
+#include "cli/call.h"
+#include "cli/tabs.h"
 
 namespace kestrane {
 
