@@ -1,10 +1,10 @@
 // The call `macro`: files on their own, and programs to and from the demo unit on virtual time.
 
-#include <CLI/CLI.hpp>
 #include "cli/macro_call.h"
 
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <fstream>
 
