@@ -3,7 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "macro/insert_buttons.h"
+#include "macro/instruction_set.h"
 #include "macro/listing.h"
 #include "screen/screen.h"
 #include "support/virtual_platform.h"

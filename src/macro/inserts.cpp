@@ -1,18 +1,8 @@
 #include "macro/inserts.h"
 
-#include "macro/instruction_set.h"
 #include "text/text.h"
 
 namespace kestrane {
-namespace {
-
-// The first opcode of each outlet instruction, for outlet 1.
-constexpr int kOffAlways = 0x10;
-constexpr int kOnAlways = 0x20;
-constexpr int kOffSkipped = 0x30;  // no delay if the outlet is off already
-constexpr int kOnSkipped = 0x40;
-
-}  // namespace
 
 Inserts::Inserts(ScriptEditForm& form, Session& session, EditorState& state, Listing& listing,
                  SecondByte& second_byte)
@@ -65,17 +55,17 @@ void Inserts::MoveOn() {
 }
 
 void Inserts::cmdOn_Click(int index) {
-    InsertOutlet(index + (form_.chkWait.Checked() ? kOnAlways : kOnSkipped));
+    InsertOutlet(form_.chkWait.Checked() ? Effect::kTurnsOn : Effect::kTurnsOnOrSkips, index);
 }
 
 void Inserts::cmdOff_Click(int index) {
-    InsertOutlet(index + (form_.chkWait.Checked() ? kOffAlways : kOffSkipped));
+    InsertOutlet(form_.chkWait.Checked() ? Effect::kTurnsOff : Effect::kTurnsOffOrSkips, index);
 }
 
-void Inserts::InsertOutlet(int opcode) {
+void Inserts::InsertOutlet(Effect effect, int index) {
     form_.lblTopStatus.SetCaption("");
     second_byte_.cmdSecondByteHexOK_Click();
-    Store(static_cast<std::uint8_t>(opcode), second_byte_.Value());
+    Store(OutletOpcode(effect, index + 1), second_byte_.Value());
     MoveOn();
 }
 

@@ -5,6 +5,7 @@
 // exit does not ask for what they did.
 
 #include "link/session.h"
+#include "macro/instruction_set.h"
 #include "macro/listing.h"
 #include "macro/second_byte.h"
 
@@ -23,7 +24,7 @@ class Inserts {
     void TakeMask(std::uint8_t opcode);
     void Store(std::uint8_t opcode, std::uint8_t second);
     void MoveOn();
-    void InsertOutlet(int opcode);
+    void InsertOutlet(Effect effect, int index);
 
     ScriptEditForm& form_;
     Session& session_;

@@ -14,8 +14,11 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kestrane {
+
+struct InsertButton;
 
 // What the second byte holds.
 enum class Operand : std::uint8_t {
@@ -28,6 +31,21 @@ enum class Operand : std::uint8_t {
     kMask2,    // bit 0 is outlet 9, bit 5 is 14
     kAlarm,    // 0 to 3
     kSupply,   // 1 to 5
+};
+
+// What an instruction does to the flow of the program and to the outlets. The delay of those that
+// wait or switch is their time operand; only an outlet already in the wanted state is skipped.
+enum class Effect : std::uint8_t {
+    kGoesOn,
+    kStops,
+    kJumps,          // to its address
+    kBranches,       // to its address or on
+    kSetsInterrupt,  // names the address where an input's change continues
+    kWaits,
+    kTurnsOff,
+    kTurnsOn,
+    kTurnsOffOrSkips,
+    kTurnsOnOrSkips,
 };
 
 // What an instruction is about, for laying out the buttons. Within a group the table's order is
@@ -50,6 +68,7 @@ struct Instruction {
     std::uint8_t opcode;
     std::string_view button;  // caption of the insert button; empty: there is none
     Operand operand;
+    Effect effect;
     // The decoded text is `before`, operand, `after`. If `outlet` holds a text, that comes first,
     // with the outlet number, and the row stands for 16 opcodes, one for each outlet.
     std::string_view before;
@@ -77,6 +96,12 @@ std::string_view ButtonTag(const Instruction& instruction);
 std::string_view ButtonCaption(const Instruction& instruction, std::string_view unit_type);
 bool ButtonVisible(const Instruction& instruction, std::string_view unit_type);
 
+// A button for each instruction that has one, opcodes ascending, as a "CMS" unit has them.
+std::vector<InsertButton> InsertButtons();
+
+// The opcode that turns one outlet (from 1) off or on, `effect` being one of the four that do.
+std::uint8_t OutletOpcode(Effect effect, int outlet);
+
 // The mask box (1 or 2) from which an insert takes its second byte; 0: from none.
 int MaskBoxOfInsert(std::uint8_t opcode);
 
@@ -84,7 +109,7 @@ int MaskBoxOfInsert(std::uint8_t opcode);
 // an insert this holds for the masks without a button, too.
 int MaskGroup(std::uint8_t opcode);
 
-// If an instruction with this operand can do something sensible with the value.
+// Whether an instruction with this operand can do something sensible with the value.
 bool OperandInRange(Operand operand, std::uint8_t value);
 
 inline constexpr std::uint8_t kFirstMacroAddress = 0x10;

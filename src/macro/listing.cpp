@@ -19,8 +19,11 @@ void Show(Label& label, const std::string& text) {
 
 constexpr std::uint8_t kHalfSecond = 0x05;
 
-// Which instructions READ LOCKS can load. Lock and latch masks are left out, and that is meant.
-bool IsInhibit(int opcode) { return opcode >= 0xE5 && opcode <= 0xEC; }
+// READ LOCKS can load these. Lock and latch masks are left out, and that is meant.
+bool IsInhibit(std::uint8_t opcode) {
+    const Instruction* instruction = FindInstruction(opcode);
+    return instruction != nullptr && instruction->group == InstructionGroup::kInhibits;
+}
 
 }  // namespace
 
@@ -106,8 +109,6 @@ void Listing::cmdBasicSettings_Click() {
     };
     constexpr std::uint8_t kTurnOn = 0x1A;
     constexpr std::uint8_t kTurnOff = 0x2A;
-    constexpr std::uint8_t kOnSkipped = 0x40;
-    constexpr std::uint8_t kOffSkipped = 0x30;
 
     cmdClearMem_Click();
     const auto put = [this](int address, int opcode, int second) {
@@ -118,8 +119,8 @@ void Listing::cmdBasicSettings_Click() {
     int address = kFirstMacroAddress;
     for (const auto& [opcode, second] : kBegin) put(address++, opcode, second);
     for (int i = 0; i < kOutletCount; ++i) {
-        put(kTurnOn + i, kOnSkipped + i, kHalfSecond);
-        put(kTurnOff + i, kOffSkipped + kOutletCount - 1 - i, kHalfSecond);
+        put(kTurnOn + i, OutletOpcode(Effect::kTurnsOnOrSkips, i + 1), kHalfSecond);
+        put(kTurnOff + i, OutletOpcode(Effect::kTurnsOffOrSkips, kOutletCount - i), kHalfSecond);
     }
     RefreshListing();
 }

@@ -12,7 +12,7 @@
 #include "link/identity.h"
 #include "link/shell.h"
 #include "link/supervision.h"
-#include "macro/insert_buttons.h"
+#include "macro/instruction_set.h"
 #include "macro/macro_editor.h"
 #include "screen/hand.h"
 #include "screen/main_form.h"
