@@ -37,7 +37,7 @@ void ChooseInlet(const ControlArray<OptionButton>& options, int inlet) {
 class Changeover::Pass {
   public:
     explicit Pass(Changeover& owner)
-        : owner_(owner), operation_(owner.link_), refresh_(owner.refreshes_) {
+        : owner_(owner), operation_(owner.link_, ""), refresh_(owner.refreshes_) {
         owner.pass_connection_ = owner.link_.connection();
     }
     ~Pass() {
@@ -72,7 +72,7 @@ void Changeover::cmdReadCMSOptions_Click() {
     if (!link_.Connected()) return;
     StopRefresh();
     const LongOperation operation(
-        form_, link_,
+        form_, link_, "Read Changeover Options",
         {&tab_.fraChangeoverOptions, &tab_.fraDefaultInlet, &tab_.cmdReadCMSOptions,
          &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0), &tab_.cmdSaveCurrent(1),
          &tab_.cmdSaveStartup(0), &tab_.cmdSaveStartup(1)},
@@ -158,10 +158,10 @@ void Changeover::ShowFirstLiveValues(const LiveRecord& live) {
     tab_.lblDefaultIn.SetCaption(std::to_string(live.inlet));
 }
 
-LongOperation Changeover::BeginSave() {
+LongOperation Changeover::BeginSave(const char* name) {
     StopRefresh();
     return LongOperation(
-        form_, link_,
+        form_, link_, name,
         {&tab_.cmdReadCMSOptions, &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0),
          &tab_.cmdSaveCurrent(1), &tab_.cmdSaveStartup(0), &tab_.cmdSaveStartup(1)},
         {});
@@ -169,7 +169,8 @@ LongOperation Changeover::BeginSave() {
 
 void Changeover::cmdSaveCurrent_Click(int index) {
     if (!link_.Connected()) return;
-    const LongOperation operation = BeginSave();
+    const LongOperation operation = BeginSave(index == 0 ? "Save Changeover Options as Live"
+                                                     : "Save Default Inlet as Live");
     SaveCurrent(index, operation);
     Finish(operation);
 }
@@ -206,7 +207,8 @@ std::string Changeover::LiveArguments(int index) const {
 
 void Changeover::cmdSaveStartup_Click(int index) {
     if (!link_.Connected()) return;
-    const LongOperation operation = BeginSave();
+    const LongOperation operation = BeginSave(index == 0 ? "Save Changeover Options as Startup"
+                                                     : "Save Default Inlet as Startup");
     SaveStartup(index, operation);
     Finish(operation);
 }

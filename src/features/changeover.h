@@ -33,7 +33,7 @@ class Changeover {
     // Shows ChangeoverStatus.
     void ShowChangeover(const Supplies& supplies);
     void ShowFirstLiveValues(const LiveRecord& live);
-    LongOperation BeginSave();
+    LongOperation BeginSave(const char* name);
     void SaveCurrent(int index, const LongOperation& operation);
     bool LastCommandDone() const;
     void SaveStartup(int index, const LongOperation& operation);

@@ -70,7 +70,7 @@ ChannelNames::ChannelNames(MainForm& form, Session& session, Link& link)
 void ChannelNames::cmdReadChannelNames_Click() {
     if (!link_.Connected()) return;
     const LongOperation operation(
-        form_, link_,
+        form_, link_, "Read Channel Names",
         {&tab_.cmdReadChannelNames, &tab_.cmdWriteChannelNames, &form_.network.cmdResetEthernet},
         {&tab_.cmdReadChannelNames});
     if (ReadAll()) {
@@ -115,7 +115,7 @@ bool ChannelNames::ReadInto(int board, int channel, LeadingDle leading_dle) {
 void ChannelNames::cmdWriteChannelNames_Click() {
     if (!link_.Connected()) return;
     const LongOperation operation(
-        form_, link_,
+        form_, link_, "Write Channel Names",
         {&tab_.cmdReadChannelNames, &tab_.cmdWriteChannelNames, &form_.network.cmdResetEthernet},
         {&tab_.cmdReadChannelNames});
     if (WriteAll()) {

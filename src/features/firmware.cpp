@@ -62,7 +62,7 @@ void Firmware::cmdGetUnitFirmware_Click() {
     Frame& options = form_.changeover.fraChangeoverOptions;
     Frame& inlet = form_.changeover.fraDefaultInlet;
     Button& reset = form_.network.cmdResetEthernet;
-    const LongOperation operation(form_, link_,
+    const LongOperation operation(form_, link_, "Read Firmware Versions",
                                   {&options, &inlet, &tab_.cmdGetUnitFirmware, &reset}, {});
     if (ReadAll()) form_.lblMemoryBlock.SetCaption("Reading Unit Firmware Complete");
     if (session_.AdminLoggedIn) {
@@ -145,7 +145,7 @@ void Firmware::NetGrab1_Failed(int /*ErrNum*/, const std::string& /*ErrDesc*/) {
 
 void Firmware::cmdRelayBootload_Click() {
     if (!link_.Connected()) return;
-    const Link::Operation operation(link_);
+    const Link::Operation operation(link_, "Enter Relay Bootloader");
     form_.SetPointer(Form::kHourglass);
     form_.lblMemoryBlock.SetCaption("Sending Relay Bootload");
     // The pairs of the serial number as it is shown; letters that are no digits count 0.

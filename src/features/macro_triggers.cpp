@@ -81,7 +81,7 @@ MacroTriggers::MacroTriggers(MainForm& form, Session& session, Link& link)
 // The rows are not cleared first: those behind a failure keep what they had.
 void MacroTriggers::cmdReadMacroTriggers_Click() {
     if (!link_.Connected()) return;
-    const LongOperation operation(form_, link_,
+    const LongOperation operation(form_, link_, "Read Macro Triggers",
                                   {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
                                    &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
                                   {&tab_.cmdReadMacroTriggers});
@@ -126,7 +126,7 @@ void MacroTriggers::cmdWriteMacroTriggers_Click() {
     if (!link_.Connected()) return;
     const auto records = BuildRecords(tab_);
     if (!records) return;
-    const LongOperation operation(form_, link_,
+    const LongOperation operation(form_, link_, "Write Macro Triggers",
                                   {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
                                    &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
                                   {&tab_.cmdReadMacroTriggers});

@@ -113,11 +113,11 @@ class OneWire::Busy {
   public:
     enum class Labels { kEnable, kLeave };
 
-    explicit Busy(OneWire& topic, Labels labels = Labels::kEnable)
+    Busy(OneWire& topic, const char* name, Labels labels = Labels::kEnable)
         : topic_(topic),
           labels_(labels),
           operation_(
-              topic.form_, topic.link_,
+              topic.form_, topic.link_, name,
               {&topic.tab_.fra1WireSettings, &topic.tab_.cmdResetMinMax, &topic.tab_.cmdRead1WNames,
                &topic.tab_.cmdWrite1WNames, &topic.form_.network.cmdResetEthernet,
                &topic.tab_.cmdRead1WLive, &topic.tab_.cmd1WireClear, &topic.tab_.cmd1WireCommit},
@@ -134,6 +134,11 @@ class OneWire::Busy {
     Busy& operator=(const Busy&) = delete;
 
     bool Stale() const { return operation_.Stale(); }
+    // Units before 1.4.3 give no live addresses; the rest of the operation is as good without.
+    void PassOverLive() {
+        operation_.operation().Skip("live addresses", "the unit does not give them");
+        operation_.operation().Forgive();
+    }
 
   private:
     OneWire& topic_;
@@ -170,7 +175,7 @@ void OneWire::EnableForAdmin() {
 
 void OneWire::cmdRead1WNames_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this);
+    Busy busy(*this, "Read 1-Wire Settings");
     Clear1WireFields(form_);
     if (!ReadNames() || !ReadCommittedSensors()) return;
     ReadLive(busy);
@@ -192,7 +197,7 @@ bool OneWire::ReadNames() {
 
 void OneWire::cmdWrite1WNames_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this);
+    Busy busy(*this, "Write 1-Wire Names");
     if (WriteNames()) form_.lblMemoryBlock.SetCaption("Writing 1-Wire Names complete");
 }
 
@@ -245,14 +250,15 @@ void OneWire::Compare(int slot) {
 
 void OneWire::cmdRead1WLive_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this, Busy::Labels::kLeave);
+    Busy busy(*this, "Read Live 1-Wire Addresses", Busy::Labels::kLeave);
     ReadLive(busy);
 }
 
-void OneWire::ReadLive(const Busy& busy) {
+void OneWire::ReadLive(Busy& busy) {
     if (!ReadLiveSensors() && !busy.Stale()) {
         for (Label& address : tab_.lbl1WAddress) address.SetCaption(kOldFirmware);
         session_.OneWireUnsupported = true;
+        busy.PassOverLive();
     }
     if (!busy.Stale()) form_.lblMemoryBlock.SetCaption("Reading 1-Wire Settings Complete");
 }
@@ -301,20 +307,20 @@ bool OneWire::ChangeCommitted(const char* progress, int function) {
 
 void OneWire::cmd1WireClear_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this);
+    Busy busy(*this, "Clear 1-Wire Addresses");
     if (!ChangeCommitted("Clearing 1-Wire Memory", kClear) || !ReadCommittedSensors()) return;
     ReadLive(busy);
 }
 
 void OneWire::cmd1WireCommit_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this);
+    Busy busy(*this, "Commit 1-Wire Addresses");
     if (ChangeCommitted("Committing 1-Wire Memory", kCommit)) ReadCommittedSensors();
 }
 
 void OneWire::cmdResetMinMax_Click() {
     if (!link_.Connected()) return;
-    const Busy busy(*this, Busy::Labels::kLeave);
+    Busy busy(*this, "Reset 1-Wire Min/Max", Busy::Labels::kLeave);
     form_.lblMemoryBlock.SetCaption("Resetting 1-Wire min/max");
     if (link_.Command(Bytes({session_.RelayAddress, kOneWireReset, kMinMax}))) {
         form_.lblMemoryBlock.SetCaption("Reset 1-Wire min/max complete");

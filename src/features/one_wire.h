@@ -35,7 +35,7 @@ class OneWire {
     bool ChangeCommitted(const char* progress, int function);
 
     // Ends with the texts of an old unit if a command fails.
-    void ReadLive(const Busy& busy);
+    void ReadLive(Busy& busy);
     bool ReadLiveSensors();
     // False if the reply holds no sensor record.
     bool ShowLive(int slot);

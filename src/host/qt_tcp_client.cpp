@@ -53,6 +53,7 @@ void QtTcpClient::Close() {
     addresses_.clear();
     {
         const QSignalBlocker blocker(socket_);
+        SendTheRest();
         // close() would leave a connect under way.
         socket_.abort();
     }
@@ -62,6 +63,15 @@ void QtTcpClient::Close() {
     unread_.clear();
     unread_.shrink_to_fit();
     read_position_ = 0;
+}
+
+// abort() throws away what has been handed over and not sent yet. What has come in is read first,
+// as closing over unread bytes resets the connection.
+void QtTcpClient::SendTheRest() {
+    if (socket_.state() != QAbstractSocket::ConnectedState) return;
+    socket_.readAll();
+    socket_.flush();
+    if (socket_.bytesToWrite() > 0) socket_.waitForBytesWritten(kLongestFarewell);
 }
 
 SocketState QtTcpClient::State() const {

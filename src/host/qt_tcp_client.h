@@ -23,6 +23,8 @@ class QtTcpClient : public TcpClient {
     static constexpr std::size_t kMostUnread = std::size_t{4} << 20;
     // A Send while the peer has left so many bytes untaken is dropped as a whole.
     static constexpr qint64 kMostUnsent = qint64{1} << 20;
+    // Milliseconds that a Close waits at most for a peer that does not take the last frames.
+    static constexpr int kLongestFarewell = 200;
 
     QtTcpClient();
     ~QtTcpClient() override;
@@ -40,6 +42,7 @@ class QtTcpClient : public TcpClient {
     void Send(std::string_view bytes) override;
 
   private:
+    void SendTheRest();
     void OnResolved(const QHostInfo& info);
     void ConnectToNext();
     void OnConnected();

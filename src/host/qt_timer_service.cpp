@@ -21,20 +21,31 @@ class QtTimer : public RepeatingTimer {
     void Start(std::chrono::milliseconds interval) override {
         constexpr std::chrono::milliseconds kShortest{1};
         constexpr std::chrono::milliseconds kLongest{std::numeric_limits<int>::max()};
-        timer_.start(std::clamp(interval, kShortest, kLongest));
+        interval_ = std::clamp(interval, kShortest, kLongest);
+        due_ = Clock::now() + interval_;
+        timer_.start(interval_);
     }
 
     void Stop() override { timer_.stop(); }
 
   private:
+    using Clock = std::chrono::steady_clock;
+
+    // The next tick is due an interval after this one was due, not after it came: a late tick does
+    // not make all later ones late. Ticks that were missed as a whole are left out.
     void Fire() {
-        timer_.start();
+        const Clock::time_point now = Clock::now();
+        due_ += interval_;
+        if (due_ <= now) due_ = now + interval_;
+        timer_.start(std::chrono::ceil<std::chrono::milliseconds>(due_ - now));
         // The tick may delete this timer: nothing of it is used from here on.
         const auto tick = tick_;
         (*tick)();
     }
 
     QTimer timer_;
+    std::chrono::milliseconds interval_{0};
+    Clock::time_point due_;
     std::shared_ptr<std::function<void()>> tick_;
 };
 

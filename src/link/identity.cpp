@@ -50,25 +50,39 @@ Identity::Identity(MainForm& form, Session& session, Link& link)
     form.network.cmdUnitID.on_click = [this] { cmdUnitID_Click(); };
 }
 
+// An operation under way keeps the addresses that it began with, except the settings read, which
+// learns them.
 void Identity::OptButID_Click(int index) {
+    if (learning_) return UseAddress(index);
+    link_.WhenIdle([this, index] { UseAddress(index); });
+}
+
+void Identity::UseAddress(int index) {
     session_.RelayAddress = index;
     session_.DisplayAddress =
         static_cast<std::uint8_t>(index == kAnyRelay ? kAnyRelay + 1 : index + kDisplayOffset);
 }
 
+// Nothing for a text that is not a hexadecimal number as a whole; an empty one counts 0.
+std::optional<int> Identity::WantedID() const {
+    const std::string& text = form_.network.txtUnitID.Text();
+    const bool digits = text.find_first_not_of("0123456789abcdefABCDEF") == std::string::npos;
+    if (!digits || HexNumber(text) > kHighestID) return {};
+    return static_cast<int>(HexNumber(text));
+}
+
 void Identity::txtUnitID_Change() {
-    const bool in_range = HexNumber(form_.network.txtUnitID.Text()) <= kHighestID;
-    form_.network.cmdUnitID.SetEnabled(in_range && form_.network.fraUnitID.Enabled());
+    form_.network.cmdUnitID.SetEnabled(WantedID() && form_.network.fraUnitID.Enabled());
 }
 
 // RelayAddress stays: the next command still goes to the old address.
 void Identity::cmdUnitID_Click() {
-    if (!link_.Connected()) return;
-    const Link::Operation operation(link_);
+    const auto id = WantedID();
+    if (!link_.Connected() || !id) return;
+    const Link::Operation operation(link_, "Write Unit ID");
     form_.lblMemoryBlock.SetCaption("Writing unit ID");
-    const int id = static_cast<int>(HexNumber(form_.network.txtUnitID.Text()) & 0xFF);
     link_.Command(Bytes({session_.RelayAddress, kWriteUnitID}) + session_.UnitSerialBytes +
-                  Bytes({id}));
+                  Bytes({*id}));
 }
 
 bool Identity::ReadUnitID() {
@@ -82,6 +96,7 @@ bool Identity::ReadUnitID() {
     const int id = ByteAt(block, 5);
     if (id < 0) return false;
     form_.network.txtUnitID.SetText(HexByte(static_cast<std::uint8_t>(id)));
+    const Learning learning(learning_);
     if (id == kMultiMaster) form_.OptButID(kSingleMaster).SetChosen(true);
     if (id <= 4) form_.OptButID(id).SetChosen(true);
     return true;

@@ -2,6 +2,7 @@
 
 // Which unit is spoken to: the pair of board addresses, the unit's ID, its type and model.
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,22 @@ class Identity {
     bool ReadUnitType();
 
   private:
+    // While the settings read chooses the relay ID buttons by the ID that it has learnt.
+    class Learning {
+      public:
+        explicit Learning(bool& learning) : learning_(learning) { learning_ = true; }
+        ~Learning() { learning_ = false; }
+        Learning(const Learning&) = delete;
+        Learning& operator=(const Learning&) = delete;
+
+      private:
+        bool& learning_;
+    };
+
+    std::optional<int> WantedID() const;
+    void UseAddress(int index);
+
+    bool learning_ = false;
     MainForm& form_;
     Session& session_;
     Link& link_;

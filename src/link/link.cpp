@@ -28,8 +28,9 @@ Link::Link(MainForm& form, Session& session, const Platform& platform)
 
 // The frame of the operation outside is put back at the end, so that its echo test and its
 // repeats go on with its own command.
-Link::Operation::Operation(Link& link)
+Link::Operation::Operation(Link& link, const char* name)
     : link_(link),
+      number_(*name ? link.journal_.BeginOperation(name, link.connection_) : 0),
       outer_(link.current_),
       connection_(link.connection_),
       outer_frame_(outer_ ? link.session_.FrameBuffer : std::string()) {
@@ -39,14 +40,42 @@ Link::Operation::Operation(Link& link)
 Link::Operation::~Operation() {
     link_.current_ = outer_;
     if (outer_) link_.session_.FrameBuffer = outer_frame_;
+    link_.journal_.EndOperation(number_);
+    if (link_.when_idle_ && !link_.Busy()) std::exchange(link_.when_idle_, nullptr)();
+}
+
+void Link::Operation::Skip(std::string what, std::string why) {
+    link_.journal_.Skip(number_, {std::move(what), std::move(why)});
+}
+
+void Link::Operation::Stop(std::string why) { link_.journal_.Stop(number_, std::move(why)); }
+
+void Link::Operation::Forgive() { link_.journal_.Forgive(number_); }
+
+bool Link::Busy() const {
+    for (const Operation* at = current_; at; at = at->outer_) {
+        if (at->number_ != 0 && !at->Stale()) return true;
+    }
+    return false;
+}
+
+void Link::WhenIdle(std::function<void()> action) {
+    if (!Busy()) return action();
+    when_idle_ = std::move(action);
 }
 
 void Link::NewConnection() {
+    EndConnection();
     if (waits_ > kMostAbandonedWaits) released_ = connections_;
     connection_ = ++connections_;
+    seen_ = Seen::kNothing;
 }
 
-void Link::EndConnection() { connection_ = 0; }
+void Link::EndConnection() {
+    journal_.LoseLine(connection_);
+    connection_ = 0;
+    when_idle_ = nullptr;
+}
 
 bool Link::MaySend() const { return !(current_ && current_->Stale()) && waits_ < kDeepestWait; }
 
@@ -55,32 +84,85 @@ bool Link::Command(std::string command) {
     return session_.CommandDone;
 }
 
+std::optional<std::string> Link::Read(int board, int address, int count) {
+    if (!Command(ReadCommand(board, address, count))) return {};
+    RemoveReplyEscapes();
+    std::string data = Mid(session_.ReplyBuffer, kMemoryData, static_cast<std::size_t>(count));
+    if (data.size() < static_cast<std::size_t>(count)) return {};
+    return data;
+}
+
+bool Link::Write(int board, int address, std::string_view data) {
+    return Command(WriteCommand(board, address, static_cast<int>(data.size()), data));
+}
+
+std::uint64_t Link::BeginExchange(const std::string& command, bool poll) {
+    Exchange exchange;
+    exchange.operation = current_ ? current_->number_ : 0;
+    exchange.connection = current_ ? current_->connection_ : connection_;
+    exchange.began = platform_.clock.TickCount();
+    exchange.board = ByteAt(command, 1);
+    exchange.command = ByteAt(command, 2);
+    exchange.poll = poll;
+    const bool memory = exchange.command == kReadMemory || exchange.command == kWriteMemory;
+    if (memory) {
+        exchange.address = ByteAt(command, 3) * 256 + ByteAt(command, 4);
+        exchange.count = ByteAt(command, 5);
+    }
+    exchange.data = Mid(command, memory ? 6 : 3);
+    return journal_.BeginExchange(std::move(exchange));
+}
+
+// A memory read with fewer data than were asked for is no value: the journal says so, whatever the
+// caller makes of the reply.
+void Link::EndExchange(std::uint64_t exchange, Exchange::End end) {
+    const Exchange* const begun = journal_.FindExchange(exchange);
+    std::string data;
+    if (end == Exchange::End::kAccepted && begun && begun->IsRead()) {
+        data = session_.ReplyBuffer;
+        RemoveEscapes(data);
+        data = Mid(data, kMemoryData, static_cast<std::size_t>(begun->count));
+        if (data.size() < static_cast<std::size_t>(begun->count)) end = Exchange::End::kCorrupted;
+    }
+    journal_.EndExchange(exchange, end, std::move(data));
+}
+
 void Link::SendCommand(std::string& strCommand) {
     session_.CommandDone = false;
-    int repeat_count = 0;
+    const std::uint64_t exchange = BeginExchange(strCommand, false);
+    const bool connected = Connected();
     AddEscapesAndChecksum(strCommand);
-    if (!MaySend()) return;
-    session_.FrameBuffer = FrameOf(strCommand);
-    while (!session_.CommandDone) {
-        form_.timTimeout.SetEnabled(true);
-        SendRaw(session_.FrameBuffer);
-        ShowSent(strCommand);
-        form_.Label4.SetCaption(kWaiting);
-        WaitForReply();
-        if (current_ && current_->Stale()) {
-            session_.CommandDone = false;
-            break;
-        }
-        if (form_.Label3.Caption() == kTimedOut) break;  // final: not sent again
-        const Verdict verdict = JudgeReply(repeat_count);
-        if (verdict == Verdict::kLeave || (current_ && current_->Stale())) {
-            session_.CommandDone = false;
-            break;
-        }
-        session_.CommandDone = verdict == Verdict::kDone;
+    Exchange::End end = Exchange::End::kNotSent;
+    if (MaySend()) {
+        end = Transmit(strCommand, exchange);
         form_.timTimeout.SetEnabled(false);
     }
-    form_.timTimeout.SetEnabled(false);
+    session_.CommandDone = end == Exchange::End::kAccepted;
+    EndExchange(exchange, connected ? end : Exchange::End::kNotSent);
+}
+
+Exchange::End Link::Transmit(const std::string& escaped, std::uint64_t exchange) {
+    int repeat_count = 0;
+    session_.FrameBuffer = FrameOf(escaped);
+    while (true) {
+        form_.timTimeout.SetEnabled(true);
+        SendRaw(session_.FrameBuffer);
+        journal_.CountSent(exchange);
+        ShowSent(escaped);
+        form_.Label4.SetCaption(kWaiting);
+        WaitForReply();
+        if (current_ && current_->Stale()) return Exchange::End::kLineLost;
+        const bool timed_out =
+            seen_ == Seen::kTimeout ||
+            (seen_ == Seen::kNothing && form_.Label3.Caption() == kTimedOut);
+        if (timed_out) return Exchange::End::kNoAnswer;  // final: not sent again
+        const Verdict verdict = JudgeReply(repeat_count);
+        if (current_ && current_->Stale()) return Exchange::End::kLineLost;
+        if (verdict == Verdict::kDone) return Exchange::End::kAccepted;
+        if (verdict == Verdict::kRefused) return Exchange::End::kRefused;
+        if (verdict == Verdict::kCorrupted) return Exchange::End::kCorrupted;
+        form_.timTimeout.SetEnabled(false);
+    }
 }
 
 void Link::SendRaw(const std::string& frame) {
@@ -92,6 +174,17 @@ void Link::ShowSent(const std::string& escaped) {
     form_.Label2.SetCaption(FrameAsHex(escaped));
     form_.Label1.SetCaption(kWaiting);
     form_.Label3.SetCaption(kWaiting);
+    seen_ = Seen::kNothing;
+}
+
+void Link::BytesCame() {
+    if (seen_ != Seen::kNothing) return;
+    seen_ = Seen::kBytes;
+    first_reply_ = session_.ReplyBuffer;
+}
+
+void Link::TimedOut() {
+    if (seen_ == Seen::kNothing) seen_ = Seen::kTimeout;
 }
 
 // Nothing but a change of Label3 ends this wait: bytes, or the timeout. Only where too many waits
@@ -99,26 +192,32 @@ void Link::ShowSent(const std::string& escaped) {
 void Link::WaitForReply() {
     const Depth depth(waits_);
     const Depth reply_depth(reply_waits_);
-    while (form_.Label3.Caption() == kWaiting) {
+    while (seen_ == Seen::kNothing && form_.Label3.Caption() == kWaiting) {
         if (current_ && current_->Stale() && current_->connection_ <= released_) return;
         platform_.loop.Pump();
     }
+    // Later bytes of the same pump have come after the wait was over.
+    if (seen_ == Seen::kBytes) session_.ReplyBuffer = first_reply_;
 }
 
 bool Link::ReplyUnseen() const {
-    return reply_waits_ > 0 && form_.Label3.Caption() != kWaiting;
+    return reply_waits_ > 0 && (seen_ != Seen::kNothing || form_.Label3.Caption() != kWaiting);
 }
 
-Link::Verdict Link::Box(const char* title, const char* text) {
+Link::Verdict Link::Box(Verdict verdict, const char* title, const char* text) {
     platform_.boxes.Show(title, text, {BoxButton::kOk});
-    return Verdict::kLeave;
+    return verdict;
+}
+
+Link::Verdict Link::RefusedByPrivileges() {
+    return Box(Verdict::kRefused, "Privileges", "Denied due to privilege settings");
 }
 
 Link::Verdict Link::CountRepeat(int& repeat_count, const char* title) {
     ++repeat_count;
     form_.Label4.SetCaption("Command Repeat " + std::to_string(repeat_count));
     if (repeat_count < kMostTransmissions) return Verdict::kRepeat;
-    return Box(title, kCorrupted);
+    return Box(Verdict::kCorrupted, title, kCorrupted);
 }
 
 Link::Verdict Link::JudgeReply(int& repeat_count) {
@@ -126,7 +225,7 @@ Link::Verdict Link::JudgeReply(int& repeat_count) {
     // This tests the transmitted frame, not the reply.
     if (frame.substr(0, 2) != std::string{kDle, kStx}) {
         const Verdict verdict = CountRepeat(repeat_count, "Comms Clash1!");
-        if (verdict == Verdict::kLeave) {
+        if (verdict == Verdict::kCorrupted) {
             form_.timTimeout.SetEnabled(false);
             if (disconnect) disconnect();
         }
@@ -134,13 +233,15 @@ Link::Verdict Link::JudgeReply(int& repeat_count) {
     }
     // The raw reply, before any echo test.
     if (ByteAt(session_.ReplyBuffer, 5) == kRefusedByPrivileges) {
-        return Box("Privileges", "Denied due to privilege settings");
+        return RefusedByPrivileges();
     }
     const std::string sent = frame.substr(0, frame.size() - 3);
     const std::string received = session_.ReplyBuffer.substr(0, sent.size());
     if (sent == received) return Verdict::kDone;
     // The count comes before the exceptions.
-    if (CountRepeat(repeat_count, "Comms Clash2!") == Verdict::kLeave) return Verdict::kLeave;
+    if (CountRepeat(repeat_count, "Comms Clash2!") == Verdict::kCorrupted) {
+        return Verdict::kCorrupted;
+    }
     return JudgeException(sent, received);
 }
 
@@ -151,7 +252,7 @@ Link::Verdict Link::JudgeException(const std::string& sent, const std::string& r
         // A unit that has taken a new ID answers from the new address.
         const int new_id = ByteAt(sent, 9);
         if (new_id >= 0 && ByteAt(received, 3) == new_id) return Verdict::kDone;
-        return Box("", "Problem writing ID. Please try again.");
+        return Box(Verdict::kCorrupted, "", "Problem writing ID. Please try again.");
     }
     if (to_relay && code == kReadSerialNumber) {
         // Any unit may answer it from a low address.
@@ -161,31 +262,53 @@ Link::Verdict Link::JudgeException(const std::string& sent, const std::string& r
         }
     }
     if (ByteAt(received, 5) == kRefusedByPrivileges) {
-        return Box("Privileges", "Denied due to privilege settings");
+        return RefusedByPrivileges();
     }
     if (to_relay && code == kOneWireMemory && ByteAt(received, 3) == ByteAt(sent, 3) &&
         ByteAt(received, 4) == kOneWireMemory && ByteAt(received, 5) == kRefusedByOneWire) {
-        return Verdict::kLeave;
+        return Verdict::kRefused;
     }
     return Verdict::kRepeat;
 }
 
-bool Link::SendUnchecked(std::string& text) {
-    bool waiting = false;
-    return Poll(text, waiting);
+bool Link::SendUnchecked(std::string& text) { return SendAndWait(text, nullptr); }
+
+bool Link::Poll(std::string& text, bool& waiting) { return SendAndWait(text, &waiting); }
+
+bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
+    const std::uint64_t exchange = BeginExchange(text, poll_waiting != nullptr);
+    AddEscapesAndChecksum(text);
+    const bool may_send = MaySend();
+    if (may_send) {
+        session_.FrameBuffer = FrameOf(text);
+        SendRaw(session_.FrameBuffer);
+        journal_.CountSent(exchange);
+        ShowSent(text);
+    }
+    if (!may_send || (poll_waiting && *poll_waiting)) {
+        EndExchange(exchange, Exchange::End::kNotSent);
+        return false;
+    }
+    if (poll_waiting) *poll_waiting = true;
+    WaitForReply();
+    if (poll_waiting) *poll_waiting = false;
+    const bool stale = current_ && current_->Stale();
+    EndExchange(exchange, stale ? Exchange::End::kLineLost : EndOfUnchecked());
+    return !stale;
 }
 
-bool Link::Poll(std::string& text, bool& waiting) {
-    AddEscapesAndChecksum(text);
-    if (!MaySend()) return false;
-    session_.FrameBuffer = FrameOf(text);
-    SendRaw(session_.FrameBuffer);
-    ShowSent(text);
-    if (waiting) return false;
-    waiting = true;
-    WaitForReply();
-    waiting = false;
-    return !(current_ && current_->Stale());
+// The sender looks at nothing, the journal does: a refusal is a reply without data, and any other
+// reply repeats at least the marks, the address and the code.
+Exchange::End Link::EndOfUnchecked() const {
+    constexpr std::size_t kLongestRefusal = 9;  // with a doubled checksum
+    constexpr std::size_t kHead = 4;
+    const std::string& reply = session_.ReplyBuffer;
+    if (seen_ == Seen::kTimeout) return Exchange::End::kNoAnswer;
+    if (ByteAt(reply, 5) == kRefusedByPrivileges && reply.size() <= kLongestRefusal) {
+        return Exchange::End::kRefused;
+    }
+    const bool echo = reply.substr(0, kHead) == session_.FrameBuffer.substr(0, kHead);
+    return echo ? Exchange::End::kAccepted : Exchange::End::kCorrupted;
 }
 
 void Link::MdWait(std::chrono::milliseconds time) {

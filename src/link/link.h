@@ -1,15 +1,19 @@
 #pragma once
 
 // The one way to the unit: a request, an echo, one command in flight. The outcome of a command is
-// Session::CommandDone and, on success, Session::ReplyBuffer.
+// Session::CommandDone and, on success, Session::ReplyBuffer. What was sent and how it ended is
+// kept in the journal.
 //
 // An Operation ties what a handler sends to the connection that it began on. When that connection
 // is gone its commands fail at once, so that no byte of it reaches another unit.
 
 #include <chrono>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "link/frame.h"
+#include "link/journal.h"
 #include "link/session.h"
 #include "platform/platform.h"
 #include "screen/main_form.h"
@@ -21,10 +25,11 @@ class Link {
     Link(MainForm& form, Session& session, const Platform& platform);
 
     // One handler's work on the wire, from its construction to its end. Operations nest as
-    // handlers do that run inside each other's waits.
+    // handlers do that run inside each other's waits. The journal calls it by `name`; an empty
+    // name keeps it out of the journal, as a poll is.
     class Operation {
       public:
-        explicit Operation(Link& link);
+        Operation(Link& link, const char* name);
         ~Operation();
         Operation(const Operation&) = delete;
         Operation& operator=(const Operation&) = delete;
@@ -33,21 +38,33 @@ class Link {
         // may be written over what a newer connection has read.
         bool Stale() const { return connection_ != link_.connection_; }
 
+        // For the journal: what is left out on purpose; that it stops here though every exchange
+        // went well; that a failed exchange is part of how it goes.
+        void Skip(std::string what, std::string why);
+        void Stop(std::string why);
+        void Forgive();
+
       private:
         friend class Link;
         Link& link_;
+        std::uint64_t number_;
         Operation* outer_;
         int connection_;
         std::string outer_frame_;
     };
 
     // Sends a command (address, code, arguments; without marks, doubling and checksum) and waits
-    // for its echo, repeating it 3 times at most. `strCommand` comes back escaped. Every caller
-    // tests CommandDone. Boxes tell the operator of refusals and corrupted replies; silence is
-    // final and has no box.
+    // for its echo, repeating it 3 times at most. `strCommand` comes back changed in place: its
+    // 0x10 doubled, its checksum appended. Every caller tests CommandDone. Boxes tell the operator
+    // of refusals and corrupted replies; silence is final and has no box.
     void SendCommand(std::string& strCommand);
     // The same for a command built on the spot: true if its reply was accepted.
     bool Command(std::string command);
+    // Reads memory: the `count` data bytes, undoubled. Nothing if the command failed or its reply
+    // holds fewer; ReplyBuffer holds the undoubled reply then and otherwise.
+    std::optional<std::string> Read(int board, int address, int count = kBlockSize);
+    // Writes memory, `data` as it is: true if the unit took it.
+    bool Write(int board, int address, std::string_view data);
 
     // Sends a command and waits for any bytes, without a limit, a test or a repeat. False if its
     // connection went first, and then nothing has come.
@@ -64,7 +81,12 @@ class Link {
     // Undoes the doubling in ReplyBuffer, in place.
     void RemoveReplyEscapes() { RemoveEscapes(session_.ReplyBuffer); }
 
-    // Handles events for at least this time.
+    // The reader has put bytes into ReplyBuffer, or the reply timeout has run out. What comes
+    // first decides the wait, whatever else the same pump brings.
+    void BytesCame();
+    void TimedOut();
+
+    // Handles events for at least this time. Above kDeepestWait nested waits it returns at once.
     void MdWait(std::chrono::milliseconds time);
 
     bool Connected() const { return platform_.tcpsend.State() == SocketState::kConnected; }
@@ -80,6 +102,14 @@ class Link {
     // The connection's number, to recognise it later; 0 when there is none.
     int connection() const { return connection_; }
 
+    // Whether an operation of the present connection is under way.
+    bool Busy() const;
+    // Runs `action` now, or when the operation under way has ended. A later call takes its place.
+    void WhenIdle(std::function<void()> action);
+
+    const Journal& journal() const { return journal_; }
+    Journal& journal() { return journal_; }
+
     // Runs the disconnect routine; set by the supervision.
     std::function<void()> disconnect;
 
@@ -91,20 +121,31 @@ class Link {
     // A connect made above this many waits ends those that an earlier connection left behind.
     static constexpr int kMostAbandonedWaits = 24;
 
-    enum class Verdict { kDone, kRepeat, kLeave };
+    enum class Verdict { kDone, kRepeat, kRefused, kCorrupted };
+    enum class Seen { kNothing, kBytes, kTimeout };
 
     bool MaySend() const;
+    std::uint64_t BeginExchange(const std::string& command, bool poll);
+    void EndExchange(std::uint64_t exchange, Exchange::End end);
+    Exchange::End Transmit(const std::string& escaped, std::uint64_t exchange);
+    bool SendAndWait(std::string& text, bool* poll_waiting);
+    Exchange::End EndOfUnchecked() const;
     void WaitForReply();
     void ShowSent(const std::string& escaped);
     Verdict JudgeReply(int& repeat_count);
     Verdict JudgeException(const std::string& sent, const std::string& received);
     Verdict CountRepeat(int& repeat_count, const char* title);
-    Verdict Box(const char* title, const char* text);
+    Verdict RefusedByPrivileges();
+    Verdict Box(Verdict verdict, const char* title, const char* text);
 
     MainForm& form_;
     Session& session_;
     Platform platform_;
+    Journal journal_;
     Operation* current_ = nullptr;
+    std::function<void()> when_idle_;
+    Seen seen_ = Seen::kNothing;  // since the last frame went out
+    std::string first_reply_;
     int connection_ = 0;
     int connections_ = 0;
     int released_ = 0;  // waits of connections up to this one end at once

@@ -16,9 +16,10 @@ class LongOperation {
   public:
     // Disables `off`, the help button and every tab. At its end it sets the arrow pointer and
     // enables `on_again`, the help button and every tab.
-    LongOperation(MainForm& form, Link& link, std::initializer_list<Control*> off,
+    LongOperation(MainForm& form, Link& link, const char* name,
+                  std::initializer_list<Control*> off,
                   std::initializer_list<Control*> on_again)
-        : form_(form), operation_(link), on_again_(on_again) {
+        : form_(form), operation_(link, name), on_again_(on_again) {
         for (Control* control : off) control->SetEnabled(false);
         form.cmdHelp.SetEnabled(false);
         SetTabsEnabled(form, false);
@@ -36,6 +37,7 @@ class LongOperation {
     LongOperation& operator=(const LongOperation&) = delete;
 
     bool Stale() const { return operation_.Stale(); }
+    Link::Operation& operation() { return operation_; }
 
   private:
     MainForm& form_;

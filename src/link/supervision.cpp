@@ -61,7 +61,10 @@ Supervision::Supervision(MainForm& form, Session& session, Link& link)
 void Supervision::timGetResponse_Timer() {
     form_.lblNotLoggedIn.SetForeColor(kRed);
     const SocketState state = socket_.State();
+    const int connection = link_.connection();
     ShowState(state);
+    // The rest of the tick is about the connection that it has looked at.
+    if (link_.connection() != connection) return;
     NetworkTab& network = form_.network;
     if (state == SocketState::kConnected) {
         if (!session_.ReadButtonArmed) network.cmdReadNetworkSettings.SetEnabled(true);
@@ -131,16 +134,16 @@ void Supervision::HandlePeerClosed() {
     form_.cmdDisconnect.SetBackColor(kOrange);
 }
 
-// Ticks go on inside the wait and find the same error again: they leave it to the first one.
+// Ticks go on inside the wait and find the same error again: they leave it to the first one. The
+// error of another connection is one of its own.
 void Supervision::HandleError() {
-    if (handling_error_) return;
-    handling_error_ = true;
     const int connection = link_.connection();
+    if (error_handled_of_ == connection) return;
+    error_handled_of_ = connection;
     form_.cmdConnect.SetCaption("Connect");
     form_.cmdConnect.SetBackColor(kRed);
     link_.platform().sound.Beep();
     link_.MdWait(kErrorShown);
-    handling_error_ = false;
     // The operator may have disconnected, and connected anew, in the meantime.
     if (link_.connection() != connection || socket_.State() != SocketState::kError) return;
     form_.cmdConnect.SetBackColor(kButtonFace);
@@ -162,6 +165,7 @@ void Supervision::ReadBytes() {
     session_.ReplyBuffer = std::move(reply);
     form_.Label1.SetCaption(std::move(decimal));
     form_.Label3.SetCaption(std::move(hexadecimal));  // ends the wait of SendCommand
+    link_.BytesCame();
 }
 
 // The interval set here holds from the next command on.
@@ -170,6 +174,7 @@ void Supervision::timTimeout_Timer() {
     const double most = std::numeric_limits<int>::max();
     form_.timTimeout.SetInterval(static_cast<int>(RoundHalfEven(std::clamp(wanted, 0.0, most))));
     form_.Label3.SetCaption("T");
+    link_.TimedOut();
     form_.timTimeout.SetEnabled(false);
 }
 

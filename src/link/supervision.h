@@ -33,7 +33,7 @@ class Supervision {
     Session& session_;
     Link& link_;
     TcpClient& socket_;
-    bool handling_error_ = false;
+    int error_handled_of_ = -1;  // the connection
 };
 
 }  // namespace kestrane

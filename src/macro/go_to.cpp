@@ -64,7 +64,7 @@ bool GoTo::Exchange(const Visit& visit) {
 // A press in the wait of another one sends its address once and leaves the rest to that one.
 void GoTo::cmdGoTo_Click() {
     if (!link_.Connected() || state_.transferring) return;
-    const Link::Operation operation(link_);
+    const Link::Operation operation(link_, "Go To Macro Address");
     const Visit visit(state_);
     Check();
     if (visit.Ended()) return;

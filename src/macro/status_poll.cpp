@@ -35,7 +35,7 @@ void StatusPoll::chkTrace_Click() {
 
 void StatusPoll::Exchange(bool& waiting, Show show) {
     if (!link_.Connected()) return;
-    const Link::Operation operation(link_);
+    const Link::Operation operation(link_, "");
     const Visit visit(state_);
     std::string command = Bytes({session_.RelayAddress, kReadLiveStatus});
     if (!link_.Poll(command, waiting) || visit.Ended()) return;

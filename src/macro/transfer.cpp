@@ -54,7 +54,7 @@ void Transfer::End() {
 
 void Transfer::cmdDownload_Click() {
     if (state_.transferring) return;
-    const Link::Operation operation(link_);
+    Link::Operation operation(link_, "Download Macro");
     const Visit visit(state_);
     if (link_.Connected()) {
         state_.transferring = true;
@@ -131,7 +131,7 @@ void Transfer::cmdupload_Click() {
 
 void Transfer::upload() {
     if (state_.transferring) return;
-    const Link::Operation operation(link_);
+    Link::Operation operation(link_, "Upload Macro");
     const Visit visit(state_);
     form_.SetPointer(Form::kHourglass);
     if (link_.Connected()) {

@@ -31,7 +31,7 @@ class TcpClient {
     virtual void Connect(const std::string& host, int port) = 0;
 
     // Drops the connection, or a connect under way, and every unread byte; State() is kClosed
-    // when this returns.
+    // when this returns. What was handed to Send before goes out first.
     virtual void Close() = 0;
 
     virtual SocketState State() const = 0;

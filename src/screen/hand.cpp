@@ -38,6 +38,18 @@ Refusal Hand::GoTo(Control& control) {
     return {};
 }
 
+// Leaving the old control may have changed what can be used, or sent the focus to a control that
+// wants to be looked at first. Whoever has only said something lets the hand go on.
+Refusal Hand::MoveTo(Control& control) {
+    GoTo(control);
+    if (auto refusal = CheckUsable(control)) return refusal;
+    const Control* const focused = control.form().Focused();
+    if (control.TakesFocus() && focused && focused != &control) {
+        return control.name() + ": " + focused->name() + " has taken the focus back";
+    }
+    return {};
+}
+
 void Hand::Leave() {
     Form* form = screen_.ActiveForm();
     Control* const old = form ? form->Focused() : nullptr;
@@ -63,9 +75,7 @@ Refusal Hand::CheckClick(const Control& control) const {
 
 Refusal Hand::Click(Control& control) {
     if (auto refusal = CheckClick(control)) return refusal;
-    GoTo(control);
-    // Leaving the old control may have changed what can be used.
-    if (auto refusal = CheckUsable(control)) return refusal;
+    if (auto refusal = MoveTo(control)) return refusal;
     if (control.kind() == Kind::kCheckBox) {
         auto& box = static_cast<CheckBox&>(control);
         box.SetChecked(!box.Checked());
@@ -85,8 +95,7 @@ Refusal Hand::CheckTyping(const TextBox& box) const {
 
 Refusal Hand::Type(TextBox& box, std::string_view text) {
     if (auto refusal = CheckTyping(box)) return refusal;
-    GoTo(box);
-    if (auto refusal = CheckTyping(box)) return refusal;
+    if (auto refusal = MoveTo(box)) return refusal;
     box.Select(0, static_cast<int>(box.Text().size()));
     if (text.empty()) box.ReplaceSelection("");
     for (const char c : text) TypeKey(box, static_cast<unsigned char>(c));
@@ -96,8 +105,7 @@ Refusal Hand::Type(TextBox& box, std::string_view text) {
 Refusal Hand::Press(TextBox& box, int code) {
     if (auto refusal = CheckTyping(box)) return refusal;
     if (code < 0 || code > 255) return "a character code is 0 to 255";
-    GoTo(box);
-    if (auto refusal = CheckTyping(box)) return refusal;
+    if (auto refusal = MoveTo(box)) return refusal;
     TypeKey(box, code);
     return {};
 }
@@ -132,6 +140,13 @@ void Hand::Key(int code) {
     if (form && form->Visible() && form->on_key_down) form->on_key_down(code);
 }
 
+Refusal Hand::CheckTab(const TabControl& tabs, int index) const {
+    const TabState& tab = tabs.Tabs()[static_cast<std::size_t>(index)];
+    if (!tab.visible) return "the tab " + tab.caption + " is hidden";
+    if (!tab.enabled) return "the tab " + tab.caption + " is disabled";
+    return {};
+}
+
 Refusal Hand::Choose(Control& control, int value) {
     if (auto refusal = CheckUsable(control)) return refusal;
     const std::string& name = control.name();
@@ -140,7 +155,7 @@ Refusal Hand::Choose(Control& control, int value) {
         if (value < 0 || value >= static_cast<int>(combo.Items().size())) {
             return name + " has no item " + std::to_string(value);
         }
-        GoTo(combo);
+        if (auto refusal = MoveTo(combo)) return refusal;
         combo.SetListIndex(value);
         return {};
     }
@@ -150,7 +165,7 @@ Refusal Hand::Choose(Control& control, int value) {
             return name + " goes from " + std::to_string(bar.Min()) + " to " +
                    std::to_string(bar.Max());
         }
-        GoTo(bar);
+        if (auto refusal = MoveTo(bar)) return refusal;
         bar.SetScrollValue(value);
         return {};
     }
@@ -159,10 +174,9 @@ Refusal Hand::Choose(Control& control, int value) {
         if (value < 0 || value >= tabs.TabCount()) {
             return name + " has no tab " + std::to_string(value);
         }
-        const TabState& tab = tabs.Tabs()[static_cast<std::size_t>(value)];
-        if (!tab.visible) return "the tab " + tab.caption + " is hidden";
-        if (!tab.enabled) return "the tab " + tab.caption + " is disabled";
-        GoTo(tabs);
+        if (auto refusal = CheckTab(tabs, value)) return refusal;
+        if (auto refusal = MoveTo(tabs)) return refusal;
+        if (auto refusal = CheckTab(tabs, value)) return refusal;
         tabs.SetTab(value);
         return {};
     }

@@ -52,6 +52,8 @@ class Hand {
     Refusal CheckUsable(const Control& control) const;
 
   private:
+    Refusal MoveTo(Control& control);
+    Refusal CheckTab(const TabControl& tabs, int index) const;
     Refusal CheckTyping(const TextBox& box) const;
     void TypeKey(TextBox& box, int code);
 

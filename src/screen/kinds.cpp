@@ -81,7 +81,8 @@ void TextBox::ReplaceSelection(const std::string& text) {
     changed.replace(static_cast<std::size_t>(sel_start_), static_cast<std::size_t>(sel_length_),
                     text);
     const int cursor = sel_start_ + static_cast<int>(text.size());
-    if (changed == text_) {
+    // A character typed over an equal one is a change all the same, as it is for the operator.
+    if (changed == text_ && text.empty()) {
         Select(cursor, 0);
         return;
     }

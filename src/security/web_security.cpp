@@ -136,7 +136,7 @@ void WebSecurity::ApplyClearingRule() {
 void WebSecurity::cmdReadWBISettings_Click() {
     if (!link_.Connected()) return;
     const bool could_write = tab_.cmdWriteWBISettings.Enabled();
-    const LongOperation operation(form_, link_,
+    const LongOperation operation(form_, link_, "Read Web Security",
                                   {&tab_.cmdReadWBISettings, &tab_.cmdWriteWBISettings},
                                   {&tab_.cmdReadWBISettings});
     bool done = true;
@@ -177,7 +177,7 @@ bool WebSecurity::AllPasswordsEmpty() const {
 
 void WebSecurity::cmdWriteWBISettings_Click() {
     if (!link_.Connected()) return;
-    const LongOperation operation(form_, link_,
+    const LongOperation operation(form_, link_, "Write Web Security",
                                   {&tab_.cmdReadWBISettings, &tab_.cmdWriteWBISettings},
                                   {&tab_.cmdReadWBISettings});
     if (WriteBlocks()) form_.lblMemoryBlock.SetCaption("Web browser Settings Write Complete.");

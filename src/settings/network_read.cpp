@@ -48,7 +48,7 @@ NetworkRead::NetworkRead(MainForm& form, Session& session, Link& link, Identity&
 }
 
 void NetworkRead::cmdReadNetworkSettings_Click() {
-    const Link::Operation operation(link_);
+    const Link::Operation operation(link_, "Read Network Settings");
     tab_.cmdWriteNetworkSettings.SetEnabled(false);
     tab_.cmdResetEthernet.SetEnabled(false);
     form_.cmdHelp.SetEnabled(false);

@@ -31,7 +31,7 @@ NetworkWrite::NetworkWrite(MainForm& form, Session& session, Link& link)
 void NetworkWrite::cmdWriteNetworkSettings_Click() {
     // The red frame is the operator's only hint.
     if (tab_.fraFixedIPSettings.ForeColor() == kRed) return;
-    const Link::Operation operation(link_);
+    const Link::Operation operation(link_, "Write Network Settings");
     DisableSettings();
     if (ConfirmPassword()) {
         if (!WarnOfWebSecurity()) return;

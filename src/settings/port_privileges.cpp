@@ -73,7 +73,7 @@ bool PortPrivileges::HasRight(const Half& half, int port, int right) {
 // that imply others do so during the read as well.
 void PortPrivileges::cmdReadTCPPortPriv_Click() {
     if (!link_.Connected()) return;
-    const LongOperation operation(form_, link_, {&tab_.cmdReadTCPPortPriv},
+    const LongOperation operation(form_, link_, "Read Port Privileges", {&tab_.cmdReadTCPPortPriv},
                                   {&tab_.cmdReadTCPPortPriv});
     if (ReadAll()) {
         form_.lblMemoryBlock.SetCaption("Privilege read complete");
@@ -157,7 +157,7 @@ void PortPrivileges::Recount(const Half& half, int port) {
 void PortPrivileges::cmdWriteTCPPortPriv_Click() {
     if (!link_.Connected()) return;
     {
-        const LongOperation operation(form_, link_,
+        const LongOperation operation(form_, link_, "Write Port Privileges",
                                       {&tab_.cmdReadTCPPortPriv, &tab_.cmdWriteTCPPortPriv},
                                       {&tab_.cmdReadTCPPortPriv});
         const bool written = WriteAll();

@@ -27,17 +27,23 @@ SessionVariable Flag(const char* name, bool& flag) {
 }
 
 template <class Integer>
-SessionVariable Number(const char* name, Integer& number) {
+SessionVariable Bounded(const char* name, Integer& number, long least, long most) {
     return {name, [&number]() -> Value { return static_cast<long>(number); },
-            [&number](const Value& value) -> std::optional<std::string> {
+            [&number, least, most](const Value& value) -> std::optional<std::string> {
                 const auto* given = std::get_if<long>(&value);
-                if (!given || *given < std::numeric_limits<Integer>::min() ||
-                    *given > std::numeric_limits<Integer>::max()) {
-                    return "takes a number in its range";
+                if (!given || *given < least || *given > most) {
+                    return "takes a number from " + std::to_string(least) + " to " +
+                           std::to_string(most);
                 }
                 number = static_cast<Integer>(*given);
                 return {};
             }};
+}
+
+template <class Integer>
+SessionVariable Number(const char* name, Integer& number) {
+    return Bounded(name, number, std::numeric_limits<Integer>::min(),
+                   std::numeric_limits<Integer>::max());
 }
 
 // The whole image as a text of 512 bytes.
@@ -68,7 +74,7 @@ std::vector<SessionVariable> SessionVariables(Tool& tool) {
     EditorState& editor = tool.macro_editor.state();
     TcpClient& socket = tool.link.platform().tcpsend;
     return {
-        Number("RelayAddress", s.RelayAddress),
+        Bounded("RelayAddress", s.RelayAddress, 0, 255),
         Number("DisplayAddress", s.DisplayAddress),
         Flag("CommandDone", s.CommandDone),
         Text("ReplyBuffer", s.ReplyBuffer),
@@ -84,8 +90,8 @@ std::vector<SessionVariable> SessionVariables(Tool& tool) {
         Flag("OneWireRead", s.OneWireRead),
         Flag("ChangeoverRead", s.ChangeoverRead),
         Flag("OneWireUnsupported", s.OneWireUnsupported),
-        Number("LastTabIndex", s.LastTabIndex),
-        Number("ConnectedPortIndex", s.ConnectedPortIndex),
+        Bounded("LastTabIndex", s.LastTabIndex, -1, tool.main_form.SSTab1.TabCount() - 1),
+        Bounded("ConnectedPortIndex", s.ConnectedPortIndex, 0, 3),
         Flag("UserDisconnected", s.UserDisconnected),
         Flag("ReadButtonArmed", s.ReadButtonArmed),
         Flag("DataValid", s.DataValid),
@@ -97,7 +103,7 @@ std::vector<SessionVariable> SessionVariables(Tool& tool) {
         ImageText("MacroMemory", editor.image),
         Number("MemPointer", editor.MemPointer),
         Number("ListTop", editor.ListTop),
-        Number("ListRow", editor.ListRow),
+        Bounded("ListRow", editor.ListRow, 0, 15),
         Number("CurrentOpcode", editor.CurrentOpcode),
         Number("CurrentSecondByte", editor.CurrentSecondByte),
         {"tcpsend.state", [&socket]() -> Value { return static_cast<long>(socket.State()); },

@@ -46,7 +46,7 @@ TEST_F(ConsoleTest, TellsWhatIsWrongWithALineAndGoesOn) {
         {"assign chkDHCP yes", "chkDHCP takes a number"},
         {"assign chkDHCP 2", "value takes 0 or 1"},
         {"assign LinkIsDown 7", "LinkIsDown takes true or false"},
-        {"assign DisplayAddress 256", "DisplayAddress takes a number in its range"},
+        {"assign DisplayAddress 256", "DisplayAddress takes a number from 0 to 255"},
         {"assign tcpsend.state 7", "tcpsend.state can't be set"},
         {"assign cmdConnect.kind x", "kind can't be set"},
         {"raise cmdConnect Push", "no event Push"},

@@ -134,7 +134,7 @@ TEST_F(Connection, AWaitOutlivesItsConnectionAndSendsNothingOnTheNext) {
             std::string reply = command + std::string(16, 'x');
             AddEscapesAndChecksum(reply);
             peer.Reply(FrameOf(reply));
-            const Link::Operation operation(tool.link);
+            const Link::Operation operation(tool.link, "Test");
             accepted = tool.link.Command(command);
         });
     });
@@ -153,7 +153,7 @@ TEST_F(Connection, ManyConnectionsLostInsideAWaitDoNotPileUp) {
     LoseConnectionsInsideReads(500, [&] { Click(form.cmdConnect); });
     After(500 * 900 + 5000, [&] {
         peer.set_answer([](std::string_view frame) { return std::string(frame); });
-        const Link::Operation operation(tool.link);
+        const Link::Operation operation(tool.link, "Test");
         done = tool.link.Command(ReadCommand(250, 0));
     });
     Wait(500 * 900 + 10'000);
@@ -173,7 +173,7 @@ TEST_F(Connection, ADayOfSilenceIsSurvived) {
     // The default of 3 s ends the first wait; what is begun after it has no timeout any more.
     After(kDay / 2, [&] {
         read_again = network.cmdReadNetworkSettings.Usable();
-        const Link::Operation operation(tool.link);
+        const Link::Operation operation(tool.link, "Test");
         tool.link.Command(ReadCommand(250, 0));
     });
     After(kDay, [&] {
@@ -183,7 +183,7 @@ TEST_F(Connection, ADayOfSilenceIsSurvived) {
     After(kDay + 100, [this] { Click(form.cmdConnect); });
     After(kDay + 1000, [this] {
         peer.set_answer([](std::string_view frame) { return std::string(frame); });
-        const Link::Operation operation(tool.link);
+        const Link::Operation operation(tool.link, "Test");
         EXPECT_TRUE(tool.link.Command(ReadCommand(250, 0)));
     });
     Wait(kDay + 5000);

@@ -13,7 +13,7 @@ struct SendCommand : ::testing::Test, ToolOnScript {
     // Sends from within an operation, as every handler does.
     bool Send(const std::string& command) {
         world.tcpsend.ClearSent();
-        const Link::Operation operation(tool.link);
+        const Link::Operation operation(tool.link, "Test");
         return tool.link.Command(command);
     }
     static std::string Framed(std::string text) {
@@ -151,7 +151,7 @@ TEST_F(SendCommand, ADamagedTransmittedFrameEndsInComsClash1AndADisconnect) {
 TEST_F(SendCommand, UncheckedSendTakesAnyBytesAndStartsNoTimeout) {
     session.CommandDone = true;
     peer.Reply("anything");
-    const Link::Operation operation(tool.link);
+    const Link::Operation operation(tool.link, "Test");
     std::string text = Bytes({250, kWriteLiveData, 6, 1});
     EXPECT_TRUE(tool.link.SendUnchecked(text));
     EXPECT_TRUE(session.CommandDone);

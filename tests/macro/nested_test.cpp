@@ -26,7 +26,7 @@ TEST_F(Nested, ThePictureFollowsTheUnitWhileACommandWaitsBelow) {
     });
     // The reply to this one comes while the editor stands on its wait.
     peer.line().DropNext(1);
-    const Link::Operation operation(tool.link);
+    const Link::Operation operation(tool.link, "Test");
     tool.link.Command(ReadCommand(session.RelayAddress, 0));
     EXPECT_NE(before, after);
 }

@@ -65,14 +65,35 @@ TEST_F(HandTest, TheProgramMovesTheFocusWithoutValidation) {
     EXPECT_EQ(form.Focused(), &form.txtCurrentPort) << "a disabled box takes no focus";
 }
 
-TEST_F(HandTest, ALostFocusHandlingCanTakeTheFocusBackAndTheClickStillComes) {
+TEST_F(HandTest, ABoxThatTakesTheFocusBackWhenItIsLeftStopsTheHand) {
     TextBox& box = form.network.txtUnitName;
     Watch(form.network.chkDHCP, "dhcp");
     box.on_lost_focus = [&] { form.SetFocus(box); };
     hand.Type(box, "x");
-    hand.Click(form.network.chkDHCP);
+    EXPECT_TRUE(hand.Click(form.network.chkDHCP));
+    EXPECT_TRUE(hand.Type(form.network.txtUnitLocation, "y"));
     EXPECT_EQ(form.Focused(), &box);
-    EXPECT_EQ(log, "click dhcp ");
+    EXPECT_EQ(log, "");
+    // One that only does something else lets it go on.
+    box.on_lost_focus = [&] { form.network.txtUnitLocation.SetText("told"); };
+    EXPECT_FALSE(hand.Click(form.network.chkDHCP));
+    EXPECT_EQ(log, "got dhcp click dhcp ");
+}
+
+TEST_F(HandTest, AChoiceLooksAgainAfterLeavingTheOldBox) {
+    TextBox& box = form.network.txtUnitName;
+    hand.Type(box, "x");
+    box.on_lost_focus = [&] { form.SSTab1.SetTabEnabled(1, false); };
+    EXPECT_TRUE(hand.Choose(form.SSTab1, 1));
+    EXPECT_EQ(form.SSTab1.Tab(), 0);
+}
+
+TEST_F(HandTest, ACharacterTypedOverAnEqualOneIsAChange) {
+    int changes = 0;
+    form.network.txtUnitID.on_change = [&] { ++changes; };
+    hand.Type(form.network.txtUnitID, "1");
+    hand.Type(form.network.txtUnitID, "1");
+    EXPECT_EQ(changes, 2);
 }
 
 TEST_F(HandTest, RefusesWhatCantBeReached) {

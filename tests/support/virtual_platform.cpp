@@ -59,6 +59,8 @@ void VirtualLoop::Pump() {
     if (depth_ > depth_limit_) throw LimitReached("waits are nested too deep");
     if (++events_ > event_limit_) throw LimitReached("too many events: a wait does not end");
     if (!time_.RunNext()) throw NothingLeftToHappen();
+    // A real loop handles what has become due meanwhile as well.
+    for (int more = several_ ? several_() : 0; more > 0 && time_.RunNext(); --more) ++events_;
     // An observer may add others, or pump.
     for (std::size_t i = 0; i < observers_.size(); ++i) observers_[i]();
 }

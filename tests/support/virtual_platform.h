@@ -60,10 +60,13 @@ class VirtualLoop : public EventLoop {
     // Beyond these LimitReached is thrown. The limit of events counts from the present one on.
     void set_depth_limit(int levels) { depth_limit_ = levels; }
     void set_event_limit(std::uint64_t events) { event_limit_ = events_ + events; }
+    // How many events a pump handles beyond its first; asked anew at each.
+    void set_several(std::function<int()> several) { several_ = std::move(several); }
 
   private:
     VirtualTime& time_;
     std::deque<std::function<void()>> observers_;
+    std::function<int()> several_;
     int depth_ = 0;
     int max_depth_ = 0;
     int depth_limit_ = 500;

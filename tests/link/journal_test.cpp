@@ -1,0 +1,176 @@
+// The journal: how exchanges and operations end, as the unit and the line made them end.
+
+#include "link/journal.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/tool_on_line.h"
+
+namespace kestrane {
+namespace {
+
+using End = Exchange::End;
+using Done = OperationRecord::End;
+
+std::string Framed(std::string text) {
+    AddEscapesAndChecksum(text);
+    return FrameOf(text);
+}
+
+struct JournalTest : ::testing::Test, ToolOnScript {
+    const std::string read = ReadCommand(0xFA, 0x0020);
+    const std::string data = std::string(15, 'A') + "\x10";
+
+    // One read inside an operation, answered by `reply`.
+    std::optional<std::string> Read(const std::string& reply) {
+        peer.Reply(reply);
+        Link::Operation operation(tool.link, "Read");
+        return tool.link.Read(0xFA, 0x0020);
+    }
+    const Exchange& LastExchange() { return tool.link.journal().exchanges().back(); }
+    const OperationRecord& LastOperation() { return tool.link.journal().operations().back(); }
+};
+
+TEST_F(JournalTest, SaysHowEachExchangeEndedAndWhatCame) {
+    Connect();
+    const struct {
+        const char* name;
+        std::string reply;
+        End end;
+        int sent;
+    } rows[] = {
+        {"accepted", Framed(read + data), End::kAccepted, 1},
+        {"refused", Framed(Bytes({0xFA, 0x11, 0x16})), End::kRefused, 1},
+        {"silent", "", End::kNoAnswer, 1},
+        {"short", Framed(read + data.substr(0, 9)), End::kCorrupted, 1},
+    };
+    for (const auto& row : rows) {
+        const auto got = Read(row.reply);
+        EXPECT_EQ(got.has_value(), row.end == End::kAccepted) << row.name;
+        EXPECT_EQ(LastExchange().end, row.end) << row.name;
+        EXPECT_EQ(LastExchange().times_sent, row.sent) << row.name;
+        EXPECT_EQ(LastExchange().address, 0x0020);
+        EXPECT_EQ(LastOperation().end, row.end == End::kAccepted ? Done::kComplete : Done::kStopped)
+            << row.name;
+        if (row.end == End::kAccepted) {
+            EXPECT_EQ(*got, data);
+            EXPECT_EQ(LastExchange().data, data);
+        } else {
+            EXPECT_EQ(LastOperation().stopped_at, LastExchange().number) << row.name;
+        }
+    }
+    for (int i = 0; i < 4; ++i) peer.Reply("garbage");
+    EXPECT_FALSE(tool.link.Write(0xFA, 0x0020, "ab"));
+    EXPECT_EQ(LastExchange().end, End::kCorrupted);
+    EXPECT_EQ(LastExchange().times_sent, 4);
+    EXPECT_EQ(LastExchange().data, "ab");
+}
+
+TEST_F(JournalTest, ALostLineOvertakesWhatIsUnderWayAtOnce) {
+    Connect();
+    After(100, [this] {
+        world.tcpsend.CloseByPeer();
+        Wait(300);
+        EXPECT_EQ(LastExchange().end, End::kLineLost);
+        EXPECT_EQ(LastOperation().end, Done::kOvertaken);
+        throw ProgramEnded{0};
+    });
+    EXPECT_THROW(Read(""), ProgramEnded);
+}
+
+TEST_F(JournalTest, KeepsSkipsAndReasonsAndLeavesPollsOut) {
+    Connect();
+    {
+        Link::Operation operation(tool.link, "Write");
+        operation.Skip("key of port A", "it is not complete");
+        operation.Stop("the box is red");
+    }
+    EXPECT_EQ(LastOperation().end, Done::kStopped);
+    EXPECT_EQ(LastOperation().skipped.at(0).what, "key of port A");
+    EXPECT_EQ(LastOperation().why, "the box is red");
+    const std::size_t kept = tool.link.journal().exchanges().size();
+    for (int i = 0; i < 3; ++i) {
+        const Link::Operation operation(tool.link, "");
+        std::string poll = Bytes({0xFA, kReadLiveStatus});
+        bool waiting = false;
+        peer.Reply(Framed(poll + std::string(13, '1')));
+        EXPECT_TRUE(tool.link.Poll(poll, waiting));
+    }
+    EXPECT_EQ(tool.link.journal().exchanges().size(), kept);
+    EXPECT_EQ(LastOperation().name, "Write");
+}
+
+TEST_F(JournalTest, WhatComesFirstDecidesAWaitWhateverElseTheSamePumpBrings) {
+    Connect();
+    for (const bool reply_first : {true, false}) {
+        After(50, [&] {
+            world.tcpsend.Deliver(Framed(read + data));
+            world.time.After(std::chrono::milliseconds{0}, [&] {
+                if (!reply_first) form.timTimeout.on_timer();
+                form.timGetResponse.on_timer();
+                if (reply_first) form.timTimeout.on_timer();
+            });
+        });
+        EXPECT_EQ(Read("").has_value(), reply_first);
+        EXPECT_EQ(LastExchange().end, reply_first ? End::kAccepted : End::kNoAnswer);
+    }
+}
+
+TEST_F(JournalTest, AnOperationKeepsTheAddressThatItBeganWith) {
+    Connect();
+    {
+        const Link::Operation operation(tool.link, "Read");
+        form.OptButID(2).SetChosen(true);
+        EXPECT_EQ(session.RelayAddress, 250);
+    }
+    EXPECT_EQ(session.RelayAddress, 2);
+    EXPECT_EQ(session.DisplayAddress, 130);
+}
+
+// Whatever comes between, a clean read works at the end.
+TEST(Supervision, RandomConnectsErrorsAndDisconnectsEndInAStateThatReads) {
+    for (unsigned seed = 1; seed <= 5; ++seed) {
+        ToolOnUnit line;
+        std::mt19937 random(seed);
+        line.world.loop.set_several([&random] { return static_cast<int>(random() % 3); });
+        for (int i = 0; i < 500; ++i) {
+            using Answer = FakeSocket::ConnectAnswer;
+            switch (random() % 6) {
+                case 0:
+                    line.world.tcpsend.set_connect_answer(Answer::kRefuse);
+                    line.tool.hand.Click(line.form.cmdConnect);
+                    break;
+                case 1:
+                    line.world.tcpsend.set_connect_answer(Answer::kAccept);
+                    line.tool.hand.Click(line.form.cmdConnect);
+                    break;
+                case 2:
+                    line.world.tcpsend.ResetByPeer();
+                    break;
+                case 3:
+                    line.world.tcpsend.CloseByPeer();
+                    break;
+                case 4:
+                    line.tool.hand.Click(line.form.cmdDisconnect);
+                    break;
+                default:
+                    line.After(1, [&line] {
+                        line.tool.hand.Click(line.network.cmdReadNetworkSettings);
+                    });
+            }
+            line.Wait(static_cast<int>(random() % 1500));
+        }
+        line.world.loop.set_several(nullptr);
+        line.world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kAccept);
+        line.tool.hand.Click(line.form.cmdDisconnect);
+        line.Wait(2000);
+        line.ReadSettings();
+        EXPECT_EQ(line.network.txtIPAddress.Text(), "192.168.10.100") << seed;
+        EXPECT_TRUE(line.network.cmdWriteNetworkSettings.Usable()) << seed;
+    }
+}
+
+}  // namespace
+}  // namespace kestrane
