@@ -12,6 +12,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -65,6 +66,9 @@ class BoardMemory {
         return address < kBoardBytes ? bytes_[address] : std::uint8_t{0xFF};
     }
     void Set(std::size_t address, int value);  // keeps the low 8 bits of the value
+
+    // Stays valid, and follows what is written.
+    std::span<const std::uint8_t, kBoardBytes> Bytes() const { return bytes_; }
 
     std::string Read(std::size_t address, std::size_t count) const;
     void Write(std::size_t address, std::string_view data);

@@ -109,7 +109,7 @@ Reply ReadVersion(const Request& request) {
 }
 
 Reply ReadStatus(const Request& request) {
-    return request.Echo(StatusRecord(request.machine.live, request.machine.runner));
+    return request.Echo(StatusRecord(request.machine.runner));
 }
 
 Reply ReadChangeover(const Request& request) {
@@ -120,7 +120,8 @@ Reply ReadChangeover(const Request& request) {
 // without a value is left out.
 Reply WriteLive(const Request& request) {
     for (std::size_t i = 0; i + 1 < request.arguments.size(); i += 2) {
-        request.machine.live.changeover.SetLive(request.Argument(i), request.Argument(i + 1));
+        request.machine.runner.SetChangeover(request.Argument(i), request.Argument(i + 1),
+                                             request.now);
     }
     return request.Echo();
 }

@@ -15,30 +15,35 @@
 #include <string>
 #include <string_view>
 
+#include "simulation/macro_runner.h"
 #include "unit/board_memory.h"
-#include "unit/live_state.h"
-#include "unit/macro_runner.h"
 #include "unit/options.h"
 #include "unit/sensor_bus.h"
 
 namespace kestrane::unit {
+
+using simulation::kGpis;
+using simulation::kOutlets;
+using simulation::LiveState;
+using simulation::MacroRunner;
+using simulation::Supply;
 
 // The parts of a unit that commands act on.
 struct Machine {
     explicit Machine(const UnitOptions& options_in, Boards boards_in)
         : options(options_in),
           boards(std::move(boards_in)),
-          live(options_in.type),
           sensors(boards.relay),
-          runner(boards.relay, live) {}
+          runner(boards.relay.Bytes().first<MacroRunner::kImageBytes>(), options_in.type),
+          live(runner.Live()) {}
     Machine(const Machine&) = delete;
     Machine& operator=(const Machine&) = delete;
 
     UnitOptions options;
     Boards boards;
-    LiveState live;
     SensorBus sensors;
     MacroRunner runner;
+    LiveState& live;
     bool ethernet_reset = false;         // asked for and not yet carried out
     std::uint64_t settings_changes = 0;  // counts what a state file has to keep
 };

@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "simulation/changeover.h"
 #include "text/text.h"
 
 namespace kestrane::unit {
@@ -79,8 +80,9 @@ void FillRelay(BoardMemory& relay, const UnitOptions& options) {
     relay.Set(relay::kId, 1);
     const auto version = VersionOf(Board::kRelay, options).version;
     relay.Write(relay::kVersion, Bytes({version[0], version[1], version[2]}));
-    relay.Write(relay::kChangeover, Bytes({12, 14, 5, 3, 3}));
-    relay.Set(relay::kDefaultInlet, 1);
+    const auto& [off_main, off_backup, phase, delay, inlet] = simulation::kFactoryChangeover;
+    relay.Write(relay::kChangeover, Bytes({off_main, off_backup, phase, delay, 3}));
+    relay.Set(relay::kDefaultInlet, inlet);
     FillMacro(relay);
     std::size_t address = relay::kCommittedSensors;
     for (std::string_view record : kCommitted) {

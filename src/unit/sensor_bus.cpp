@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "simulation/drift.h"
 #include "text/text.h"
-#include "unit/drift.h"
 
 namespace kestrane::unit {
 namespace {
+
+using simulation::Drift;
 
 constexpr Milliseconds kReadingEvery{1000};
 constexpr std::size_t kReadingBytes = 6;

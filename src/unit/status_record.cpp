@@ -5,9 +5,9 @@
 namespace kestrane::unit {
 namespace {
 
-int InputBits(const LiveState& live) {
+int InputBits(const simulation::LiveState& live) {
     int bits = live.switch_on ? 0x80 : 0;
-    for (std::size_t i = 0; i < kGpis; ++i) {
+    for (std::size_t i = 0; i < simulation::kGpis; ++i) {
         if (live.gpi_high[i]) bits |= 1 << i;
     }
     return bits;
@@ -15,7 +15,8 @@ int InputBits(const LiveState& live) {
 
 }  // namespace
 
-std::string StatusRecord(const LiveState& live, const MacroRunner& runner) {
+std::string StatusRecord(const simulation::MacroRunner& runner) {
+    const simulation::LiveState& live = runner.Live();
     const int on = live.outlets_on | (live.changeover.OnBackup() ? 0x8000 : 0);
     const int good = live.good_fuses & live.changeover.SuppliedOutlets();
     const int power = live.outlets_on & good;

@@ -11,13 +11,12 @@
 
 #include <string>
 
-#include "unit/live_state.h"
-#include "unit/macro_runner.h"
+#include "simulation/macro_runner.h"
 
 namespace kestrane::unit {
 
 inline constexpr std::size_t kStatusRecord = 13;
 
-std::string StatusRecord(const LiveState& live, const MacroRunner& runner);
+std::string StatusRecord(const simulation::MacroRunner& runner);
 
 }  // namespace kestrane::unit

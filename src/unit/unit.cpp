@@ -43,8 +43,6 @@ std::optional<std::string> Unit::Execute(int port, std::string_view command, Mil
 void Unit::Advance(Milliseconds now) {
     machine_.sensors.Advance(now);
     machine_.runner.Advance(now);
-    const SupplyEvent event = machine_.live.changeover.Advance(now);
-    if (event != SupplyEvent::kNone) machine_.runner.OnSupply(event, now);
 }
 
 bool Unit::TakeEthernetReset() { return std::exchange(machine_.ethernet_reset, false); }
@@ -61,7 +59,7 @@ bool Unit::SetGpi(std::size_t number, bool high, Milliseconds now) {
 
 void Unit::SetSupply(Supply supply, bool present, Milliseconds now) {
     Advance(now);
-    machine_.runner.OnSupply(machine_.live.changeover.SetPresent(supply, present, now), now);
+    machine_.runner.SetSupply(supply, present, now);
 }
 
 bool Unit::SetFuse(int outlet, bool good) {

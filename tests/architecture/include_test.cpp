@@ -15,7 +15,7 @@ namespace {
 using Folders = std::set<std::string>;
 
 const Folders kLink = {"text", "platform", "screen", "link"};
-const Folders kTopics = {"settings", "security", "features", "macro", "help"};
+const Folders kTopics = {"settings", "security", "features", "macro", "help", "simulation"};
 
 Folders Join(Folders a, const Folders& b) {
     a.insert(b.begin(), b.end());
@@ -26,20 +26,21 @@ const Folders kTool = Join(Join(kLink, kTopics), {"tool"});
 
 const std::map<std::string, Folders> kMayInclude = {
     {"text", {}},
+    {"simulation", {"text"}},
     {"platform", {"text"}},
     {"screen", {"text", "platform"}},
     {"link", {"text", "platform", "screen"}},
     {"settings", kLink},
     {"security", kLink},
     {"features", kLink},
-    {"macro", kLink},
+    {"macro", Join(kLink, {"simulation"})},
     {"help", kLink},
     {"tool", Join(kLink, kTopics)},
     {"console", kTool},
     {"cli", Join(kTool, {"console"})},
     {"forms", kTool},
     {"host", {"text", "platform"}},
-    {"unit", {"text"}},
+    {"unit", {"text", "simulation"}},
 };
 const Folders kWithQt = {"forms", "host", "unit"};
 

@@ -1,4 +1,4 @@
-#include "unit/macro_runner.h"
+#include "simulation/macro_runner.h"
 
 #include <gtest/gtest.h>
 
@@ -6,6 +6,8 @@
 
 namespace kestrane::unit {
 namespace {
+
+using simulation::DelayOf;
 
 // A unit with a program of one's own from 0x10 on, all outlets off, started by GOTO LINE.
 class MacroRunnerTest : public testing::Test {
@@ -185,46 +187,6 @@ TEST_F(MacroRunnerTest, MacrosStartByTheirTriggerUnlessInhibited) {
     EXPECT_EQ(Outlets(200), 1);
     EXPECT_FALSE(unit_.StartMacro(2, Milliseconds{300})) << "inhibited";
     EXPECT_FALSE(unit_.StartMacro(8, Milliseconds{300})) << "disabled";
-}
-
-// Every opcode that the listing knows runs; every other one stops the program where it stands.
-TEST_F(MacroRunnerTest, KnowsEachOpcodeOfTheListing) {
-    const auto legal = [](int op) {
-        const int low = op & 0x0F;
-        switch (op >> 4) {
-            case 0x0:
-                return low >= 1 && low <= 5;
-            case 0x1:
-            case 0x2:
-            case 0x3:
-            case 0x4:
-                return true;
-            case 0x5:
-                return low >= 1 && low <= 0xE;
-            case 0x6:
-            case 0x7:
-            case 0x8:
-            case 0x9:
-                return low <= 4;
-            case 0xA:
-            case 0xB:
-                return low <= 2;
-            case 0xC:
-                return low <= 7;
-            case 0xD:
-                return low >= 2 && low <= 4;
-            case 0xE:
-                return low >= 5 && low <= 0xC;
-            default:
-                return false;
-        }
-    };
-    for (int op = 1; op < 256; ++op) {
-        Start({op, 0x00}, 1000 * op);
-        const bool jumps_out = op == 0x01;
-        const int expected = legal(op) && !jumps_out ? 0x11 : 0x10;
-        EXPECT_EQ(Pointer(1000 * op + 500), expected) << op;
-    }
 }
 
 }  // namespace

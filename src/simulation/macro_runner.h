@@ -1,7 +1,7 @@
 #pragma once
 
-// Runs the macro program in relay memory. Macro address a holds its opcode at memory address 2a
-// and its second byte behind it; programs lie from 0x10 to 0x7F.
+// Runs a macro program, for the demo unit and for the simulation alike. Macro address a holds its
+// opcode at byte 2a and its second byte after it; programs lie from 0x10 to 0x7F.
 //
 //   An instruction begins, spends its delay, takes effect, and the next one begins. The macro
 //   pointer shows the instruction whose delay is running, or the stop that ended the program.
@@ -13,12 +13,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 
-#include "unit/board_memory.h"
-#include "unit/live_state.h"
-#include "unit/options.h"
+#include "simulation/live_state.h"
+#include "simulation/unit_type.h"
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 
 // The delay of a time code: bits 0 to 5 count tenths of a second, bit 6 makes it ten times and
 // bit 7 a hundred times as much.
@@ -29,7 +29,11 @@ class MacroRunner {
     static constexpr std::uint8_t kFirst = 0x10;
     static constexpr std::uint8_t kLast = 0x7F;
 
-    MacroRunner(const BoardMemory& relay, LiveState& live) : relay_(relay), live_(live) {}
+    static constexpr std::size_t kImageBytes = 256;
+
+    // `image` must outlive the runner; it may change between calls, as by an upload.
+    MacroRunner(std::span<const std::uint8_t, kImageBytes> image, UnitType type)
+        : image_(image.data()), live_(type) {}
 
     // Runs from `address`; one outside of the program is ignored.
     void Go(std::uint8_t address, Milliseconds now);
@@ -39,7 +43,26 @@ class MacroRunner {
     // if the input stands there already. SetGpi counts from 1; false if the GPI is an output.
     bool SetGpi(std::size_t number, bool high, Milliseconds now);
     void SetSwitch(bool on, Milliseconds now);
-    void OnSupply(SupplyEvent event, Milliseconds now);
+    void SetSupply(Supply supply, bool present, Milliseconds now);
+    // See Changeover::SetLive.
+    void SetChangeover(int selector, std::uint8_t value, Milliseconds now);
+
+    // When something happens next of its own accord: an instruction takes effect, or the outlets
+    // change back to the preferred supply.
+    std::optional<Milliseconds> NextDue() const;
+    std::optional<Milliseconds> InstructionDue() const {
+        return running_ ? std::optional(due_) : std::nullopt;
+    }
+    // Whether any input or supply would interrupt the program.
+    bool InterruptSet() const;
+
+    // Makes `now` the time 0. What has run out is forgotten, so that two runners that will go on
+    // alike are equal.
+    void Rebase(Milliseconds now);
+    bool operator==(const MacroRunner&) const = default;
+
+    LiveState& Live() { return live_; }
+    const LiveState& Live() const { return live_; }
 
     std::uint8_t Pointer() const { return pointer_; }
     bool Running() const { return running_; }
@@ -55,10 +78,16 @@ class MacroRunner {
         std::optional<std::uint8_t> low_interrupt;
         std::optional<std::uint8_t> high_interrupt;
         Milliseconds inhibited_until{0};
+
+        bool operator==(const Gpi&) const = default;
     };
 
     Instruction At(std::uint8_t address) const;
     Milliseconds DelayBefore(Instruction instruction) const;
+    void RunInstruction();
+    // Lets the supplies take effect as they stand at `now`.
+    void SettleSupply(Milliseconds now);
+    void OnSupply(SupplyEvent event, Milliseconds now);
     void Interrupt(std::optional<std::uint8_t> address, Milliseconds now);
     void Stop() { running_ = false; }
 
@@ -73,8 +102,8 @@ class MacroRunner {
     bool ExecuteSupply(Instruction instruction);
     bool ExecuteSwitch(Instruction instruction);
 
-    const BoardMemory& relay_;
-    LiveState& live_;
+    const std::uint8_t* image_;
+    LiveState live_;
     bool running_ = false;
     std::uint8_t pointer_ = kFirst;
     std::uint8_t next_ = kFirst;
@@ -89,4 +118,4 @@ class MacroRunner {
     std::optional<std::uint8_t> back_interrupt_;
 };
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation

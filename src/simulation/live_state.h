@@ -7,10 +7,10 @@
 #include <array>
 #include <cstdint>
 
-#include "unit/changeover.h"
-#include "unit/options.h"
+#include "simulation/changeover.h"
+#include "simulation/unit_type.h"
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 
 inline constexpr int kOutlets = 14;
 inline constexpr std::uint16_t kAllOutlets = 0x3FFF;
@@ -36,6 +36,8 @@ struct LiveState {
     std::array<bool, kGpis> gpi_high{true, true, true, true};
     bool switch_on = true;
 
+    bool operator==(const LiveState&) const = default;
+
     std::size_t SupplyIndex() const { return changeover.OnBackup() ? 1 : 0; }
     bool IsOn(int outlet) const { return (outlets_on >> outlet & 1) != 0; }
 
@@ -50,4 +52,4 @@ struct LiveState {
     }
 };
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation

@@ -1,8 +1,8 @@
-#include "unit/macro_runner.h"
+#include "simulation/macro_runner.h"
 
 #include <algorithm>
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 namespace {
 
 constexpr Milliseconds kInstruction{1};
@@ -34,7 +34,7 @@ Milliseconds DelayOf(std::uint8_t time_code) {
 
 MacroRunner::Instruction MacroRunner::At(std::uint8_t address) const {
     const std::size_t place = 2 * static_cast<std::size_t>(address);
-    return {relay_.At(place), relay_.At(place + 1)};
+    return {image_[place], image_[place + 1]};
 }
 
 Milliseconds MacroRunner::DelayBefore(Instruction instruction) const {
@@ -58,17 +58,50 @@ void MacroRunner::Go(std::uint8_t address, Milliseconds now) {
     due_ = now + DelayBefore(At(address));
 }
 
+std::optional<Milliseconds> MacroRunner::NextDue() const {
+    const auto change_back = live_.changeover.ChangeBackAt();
+    if (!running_) return change_back;
+    return change_back ? std::min(*change_back, due_) : due_;
+}
+
 void MacroRunner::Advance(Milliseconds now) {
-    for (int left = kMostInstructions; running_ && due_ <= now; --left) {
-        if (left == 0) {
+    int left = kMostInstructions;
+    for (auto due = NextDue(); due && *due <= now; due = NextDue()) {
+        if (!running_ || due_ != *due) {
+            SettleSupply(*due);
+        } else if (left == 0) {
             due_ = now + kInstruction;
-            return;
+        } else {
+            --left;
+            RunInstruction();
         }
-        next_ = static_cast<std::uint8_t>(pointer_ + 1);
-        Execute(At(pointer_));
-        if (next_ < kFirst || next_ > kLast) Stop();
-        if (running_) Go(next_, due_);
     }
+}
+
+void MacroRunner::RunInstruction() {
+    const Milliseconds now = due_;
+    next_ = static_cast<std::uint8_t>(pointer_ + 1);
+    Execute(At(pointer_));
+    if (next_ < kFirst || next_ > kLast) Stop();
+    if (running_) Go(next_, now);
+    next_ = pointer_;
+    SettleSupply(now);
+}
+
+void MacroRunner::Rebase(Milliseconds now) {
+    const auto left = [now](Milliseconds& until) {
+        until = std::max(until - now, Milliseconds{0});
+    };
+    due_ = running_ ? due_ - now : Milliseconds{0};
+    for (Gpi& gpi : gpis_) left(gpi.inhibited_until);
+    left(switch_inhibited_until_);
+    live_.changeover.Rebase(now);
+}
+
+bool MacroRunner::InterruptSet() const {
+    const auto set = [](const Gpi& gpi) { return gpi.low_interrupt || gpi.high_interrupt; };
+    return switch_on_interrupt_ || switch_off_interrupt_ || loss_interrupt_ || back_interrupt_ ||
+           std::any_of(gpis_.begin(), gpis_.end(), set);
 }
 
 void MacroRunner::Execute(Instruction instruction) {
@@ -275,10 +308,25 @@ void MacroRunner::SetSwitch(bool on, Milliseconds now) {
     Interrupt(on ? switch_on_interrupt_ : switch_off_interrupt_, now);
 }
 
+void MacroRunner::SetSupply(Supply supply, bool present, Milliseconds now) {
+    Advance(now);
+    OnSupply(live_.changeover.SetPresent(supply, present, now), now);
+}
+
+void MacroRunner::SetChangeover(int selector, std::uint8_t value, Milliseconds now) {
+    live_.changeover.SetLive(selector, value);
+    SettleSupply(now);
+}
+
+void MacroRunner::SettleSupply(Milliseconds now) {
+    const SupplyEvent event = live_.changeover.Advance(now);
+    if (event != SupplyEvent::kNone) OnSupply(event, now);
+}
+
 void MacroRunner::OnSupply(SupplyEvent event, Milliseconds now) {
     live_.ApplyLocks();
     if (event == SupplyEvent::kLoss) Interrupt(loss_interrupt_, now);
     if (event == SupplyEvent::kBack) Interrupt(back_interrupt_, now);
 }
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation

@@ -17,12 +17,15 @@
 #include <optional>
 #include <string>
 
-#include "unit/options.h"
+#include "simulation/unit_type.h"
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 
 enum class Supply : std::uint8_t { kMain, kBackup };
 enum class SupplyEvent : std::uint8_t { kNone, kLoss, kBack };
+
+// Selectors 2 to 6 as the unit comes: change back after 30 s, the main supply preferred.
+inline constexpr std::array<std::uint8_t, 5> kFactoryChangeover = {12, 14, 5, 3, 1};
 
 class Changeover {
   public:
@@ -34,6 +37,14 @@ class Changeover {
 
     SupplyEvent SetPresent(Supply supply, bool present, Milliseconds now);
     SupplyEvent Advance(Milliseconds now);
+
+    // When the outlets go back to the preferred supply, if nothing happens until then.
+    std::optional<Milliseconds> ChangeBackAt() const { return change_back_at_; }
+    // Makes `now` the time 0.
+    void Rebase(Milliseconds now) {
+        if (change_back_at_) *change_back_at_ -= now;
+    }
+    bool operator==(const Changeover&) const = default;
 
     bool Present(Supply supply) const { return present_[Index(supply)]; }
     bool OnBackup() const { return on_backup_; }
@@ -60,4 +71,4 @@ class Changeover {
     std::optional<Milliseconds> change_back_at_;
 };
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation

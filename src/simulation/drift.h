@@ -3,9 +3,9 @@
 // Measured values that move a little: a wave up and down, a plain function of the time, so that
 // two looks at the same moment agree and nothing has to be remembered between them.
 
-#include "unit/options.h"
+#include "simulation/unit_type.h"
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 
 // -amplitude to +amplitude, starting at 0 and rising; one wave lasts `period`.
 inline int Drift(Milliseconds now, Milliseconds period, int amplitude) {
@@ -17,4 +17,4 @@ inline int Drift(Milliseconds now, Milliseconds period, int amplitude) {
     return static_cast<int>(along * amplitude / quarter);
 }
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation

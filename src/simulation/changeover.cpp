@@ -1,9 +1,9 @@
-#include "unit/changeover.h"
+#include "simulation/changeover.h"
 
+#include "simulation/drift.h"
 #include "text/text.h"
-#include "unit/drift.h"
 
-namespace kestrane::unit {
+namespace kestrane::simulation {
 namespace {
 
 constexpr std::uint16_t kAllOutlets = 0x3FFF;
@@ -115,4 +115,4 @@ std::string Changeover::Record(Milliseconds now) const {
                   0, 0, 0, 0});
 }
 
-}  // namespace kestrane::unit
+}  // namespace kestrane::simulation
