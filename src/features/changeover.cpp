@@ -68,32 +68,43 @@ Changeover::Changeover(MainForm& form, Session& session, Link& link)
     form.timCMSOptions.on_timer = [this] { timCMSOptions_Timer(); };
 }
 
+// A read that fails leaves the panel as it was, in what it shows and in what can be used.
 void Changeover::cmdReadCMSOptions_Click() {
     if (!link_.Connected()) return;
+    const bool refreshed = form_.timCMSOptions.Enabled();
     StopRefresh();
-    const LongOperation operation(
-        form_, link_, "Read Changeover Options",
-        {&tab_.fraChangeoverOptions, &tab_.fraDefaultInlet, &tab_.cmdReadCMSOptions,
-         &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0), &tab_.cmdSaveCurrent(1),
-         &tab_.cmdSaveStartup(0), &tab_.cmdSaveStartup(1)},
-        {});
-    form_.lblMemoryBlock.SetCaption("Reading Changeover Data");
-    if (link_.Command(ReadCommand(session_.RelayAddress, kStartupAddress, kStartupLength))) {
-        link_.RemoveReplyEscapes();
-        if (auto record = StartupRecordOf(session_.ReplyBuffer)) {
-            const int inlet = StartupInlet(*record);
-            values_.KeepStartupRecord(*std::move(record));
-            ChooseInlet(tab_.optInE2P, inlet);
-            show_live_values_ = true;
-        }
+    const std::initializer_list<Control*> busy = {
+        &tab_.fraChangeoverOptions,      &tab_.fraDefaultInlet,   &tab_.cmdReadCMSOptions,
+        &form_.network.cmdResetEthernet, &tab_.cmdSaveCurrent(0), &tab_.cmdSaveCurrent(1),
+        &tab_.cmdSaveStartup(0),         &tab_.cmdSaveStartup(1)};
+    std::vector<Control*> usable;
+    for (Control* control : busy) {
+        if (control->Enabled()) usable.push_back(control);
     }
+    const LongOperation operation(form_, link_, "Read Changeover Options", busy, {});
+    form_.lblMemoryBlock.SetCaption("Reading Changeover Data");
+    const bool read = ReadStartup();
     if (!operation.Stale()) {
         // Said after a failure, too.
         form_.lblMemoryBlock.SetCaption("Reading Changeover Data Complete");
-        if (session_.AdminLoggedIn) session_.ChangeoverRead = true;
+        if (read && session_.AdminLoggedIn) session_.ChangeoverRead = true;
         for (const char* frame : kLabelledFrames) EnableLabels(form_, frame);
     }
-    Finish(operation);
+    if (read || operation.Stale()) return Finish(operation);
+    for (Control* control : usable) control->SetEnabled(true);
+    form_.timCMSOptions.SetEnabled(refreshed);
+}
+
+bool Changeover::ReadStartup() {
+    auto record = link_.Read(session_.RelayAddress, kStartupAddress, kStartupLength);
+    if (!record) return false;
+    const int inlet = StartupInlet(*record);
+    values_.KeepStartupRecord(*std::move(record));
+    ChooseInlet(tab_.optInE2P, inlet);
+    session_.known.changeover_startup = true;
+    session_.known.changeover_live = false;
+    show_live_values_ = true;
+    return true;
 }
 
 // A tick that finds a pass of its connection under way leaves everything to it.
@@ -156,6 +167,7 @@ void Changeover::ShowFirstLiveValues(const LiveRecord& live) {
     values_.CopyLiveValues();
     ChooseInlet(tab_.optInLive, live.inlet);
     tab_.lblDefaultIn.SetCaption(std::to_string(live.inlet));
+    session_.known.changeover_live = true;
 }
 
 LongOperation Changeover::BeginSave(const char* name) {
@@ -169,8 +181,12 @@ LongOperation Changeover::BeginSave(const char* name) {
 
 void Changeover::cmdSaveCurrent_Click(int index) {
     if (!link_.Connected()) return;
-    const LongOperation operation = BeginSave(index == 0 ? "Save Changeover Options as Live"
-                                                     : "Save Default Inlet as Live");
+    const char* const name =
+        index == 0 ? "Save Changeover Options as Live" : "Save Default Inlet as Live";
+    if (!KnownForWriting(link_, session_.known.changeover_live, name, "live changeover values")) {
+        return;
+    }
+    const LongOperation operation = BeginSave(name);
     SaveCurrent(index, operation);
     Finish(operation);
 }
@@ -207,8 +223,13 @@ std::string Changeover::LiveArguments(int index) const {
 
 void Changeover::cmdSaveStartup_Click(int index) {
     if (!link_.Connected()) return;
-    const LongOperation operation = BeginSave(index == 0 ? "Save Changeover Options as Startup"
-                                                     : "Save Default Inlet as Startup");
+    const char* const name =
+        index == 0 ? "Save Changeover Options as Startup" : "Save Default Inlet as Startup";
+    if (!KnownForWriting(link_, session_.known.changeover_startup, name,
+                         "startup changeover values")) {
+        return;
+    }
+    const LongOperation operation = BeginSave(name);
     SaveStartup(index, operation);
     Finish(operation);
 }

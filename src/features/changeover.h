@@ -28,6 +28,7 @@ class Changeover {
     // One pass of the refresh, tied to the state in which it began.
     class Pass;
 
+    bool ReadStartup();
     void RefreshPass(const Pass& pass);
     std::optional<std::string> ReadStatus(int code);
     // Shows ChangeoverStatus.

@@ -80,6 +80,7 @@ void ChannelNames::cmdReadChannelNames_Click() {
             form_.SetFocus(tab_.txtMainUpper);
             session_.ChannelNamesRead = true;
         }
+        session_.known.names = true;
     }
     EnableLabels(form_, "fraInletNames");
     EnableLabels(form_, "fraOutletNames");
@@ -87,6 +88,7 @@ void ChannelNames::cmdReadChannelNames_Click() {
 
 bool ChannelNames::ReadAll() {
     ClearNameBoxes(form_);
+    session_.known.names = false;
     form_.lblMemoryBlock.SetCaption("Reading inlet name(s)");
     for (const int inlet : {kMain, kBackup}) {
         if (!ReadInto(session_.DisplayAddress, inlet, LeadingDle::kKeep)) return false;
@@ -99,9 +101,9 @@ bool ChannelNames::ReadAll() {
 }
 
 bool ChannelNames::ReadInto(int board, int channel, LeadingDle leading_dle) {
-    if (!link_.Command(ReadCommand(board, AddressOf(channel)))) return false;
-    link_.RemoveReplyEscapes();
-    std::string block = Mid(session_.ReplyBuffer, kMemoryData, kBlockSize);
+    const auto data = link_.Read(board, AddressOf(channel));
+    if (!data) return false;
+    std::string block = *data;
     if (leading_dle == LeadingDle::kPassOver) {
         block.erase(0, std::min(block.find_first_not_of(kDle), block.size()));
     }
@@ -114,6 +116,8 @@ bool ChannelNames::ReadInto(int board, int channel, LeadingDle leading_dle) {
 
 void ChannelNames::cmdWriteChannelNames_Click() {
     if (!link_.Connected()) return;
+    if (!KnownForWriting(link_, session_.known.names, "Write Channel Names", "channel names"))
+        return;
     const LongOperation operation(
         form_, link_, "Write Channel Names",
         {&tab_.cmdReadChannelNames, &tab_.cmdWriteChannelNames, &form_.network.cmdResetEthernet},
@@ -121,6 +125,9 @@ void ChannelNames::cmdWriteChannelNames_Click() {
     if (WriteAll()) {
         form_.lblMemoryBlock.SetCaption("Writing names complete");
         EnableAfterSuccess();
+    } else if (!operation.Stale()) {
+        // What was typed stands and can be written again.
+        tab_.cmdWriteChannelNames.SetEnabled(true);
     }
     EnableLabels(form_, "fraInletNames");
     EnableLabels(form_, "fraOutletNames");
@@ -168,6 +175,7 @@ bool ChannelNames::ReadChannelNames(const ShowProgress& progress, const ShowName
         if (!read(outlet)) return false;
     }
     progress("Reading channel names complete");
+    session_.known.names = true;
     return true;
 }
 

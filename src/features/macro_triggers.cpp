@@ -28,7 +28,6 @@ struct Record {
     int address = 0;
 };
 
-// A field that the block is too short for comes out as -1, a name as far as it goes.
 Record DecodeRecord(std::string_view block) {
     return {Trim(Mid(block, 1, kNameLength)), ByteAt(block, 1 + kNameLength),
             ByteAt(block, 2 + kNameLength)};
@@ -84,7 +83,7 @@ void MacroTriggers::cmdReadMacroTriggers_Click() {
     const LongOperation operation(form_, link_, "Read Macro Triggers",
                                   {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
                                    &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
-                                  {&tab_.cmdReadMacroTriggers});
+                                  {&tab_.cmdReadMacroTriggers, &tab_.cmdEditMacro});
     int row = 0;
     for (; row < kRows; ++row) {
         form_.lblMemoryBlock.SetCaption(Progress("Reading Macro Data", row));
@@ -97,22 +96,20 @@ void MacroTriggers::cmdReadMacroTriggers_Click() {
             form_.SetFocus(tab_.txtMTName(0));
             session_.MacroTriggersRead = true;
         }
+        session_.known.triggers = true;
     }
     EnableLabels(form_, "fraMacroTrigger");
 }
 
 bool MacroTriggers::ReadRow(int board, int row) {
-    if (!link_.Command(ReadCommand(board, AddressOf(row)))) return false;
-    link_.RemoveReplyEscapes();
-    const Record record = DecodeRecord(Mid(session_.ReplyBuffer, kMemoryData, kBlockSize));
+    const auto block = link_.Read(board, AddressOf(row));
+    if (!block) return false;
+    const Record record = DecodeRecord(*block);
     tab_.txtMTName(row).SetText(record.name);
-    if (record.page_and_state < 0) return false;
     const bool enabled = record.page_and_state < kDisabled;
     tab_.chkMacro(row).SetChecked(enabled);
     tab_.txtMTPage(row).SetText(
         std::to_string(enabled ? record.page_and_state : record.page_and_state - kDisabled));
-
-    if (record.address < 0) return false;
     const std::string address = HexByte(static_cast<std::uint8_t>(record.address));
     // Two digits never equal "0": there is no empty row on a read, address 0 shows as "00".
     const bool present = address != "0";
@@ -124,12 +121,16 @@ bool MacroTriggers::ReadRow(int board, int row) {
 
 void MacroTriggers::cmdWriteMacroTriggers_Click() {
     if (!link_.Connected()) return;
+    if (!KnownForWriting(link_, session_.known.triggers, "Write Macro Triggers",
+                         "macro triggers")) {
+        return;
+    }
     const auto records = BuildRecords(tab_);
-    if (!records) return;
+    if (!records) return RefusePage();
     const LongOperation operation(form_, link_, "Write Macro Triggers",
                                   {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
                                    &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
-                                  {&tab_.cmdReadMacroTriggers});
+                                  {&tab_.cmdReadMacroTriggers, &tab_.cmdEditMacro});
     int row = 0;
     for (const std::string& record : *records) {
         form_.lblMemoryBlock.SetCaption(Progress("Writing Macro Data", row));
@@ -142,8 +143,21 @@ void MacroTriggers::cmdWriteMacroTriggers_Click() {
     if (row == kRows) {
         form_.lblMemoryBlock.SetCaption("Writing Macro Data complete");
         EnableAfterSuccess();
+    } else if (!operation.Stale()) {
+        // What was typed stands and can be written again.
+        tab_.cmdWriteMacroTriggers.SetEnabled(true);
     }
     EnableLabels(form_, "fraMacroTrigger");
+}
+
+void MacroTriggers::RefusePage() {
+    const std::string why = "a page does not fit its byte";
+    Link::Operation operation(link_, "Write Macro Triggers");
+    operation.Stop(why);
+    link_.platform().boxes.Show("Macro Triggers",
+                                "A page can be 0 to 127 at most, 255 for an enabled macro. Nothing "
+                                "was written.",
+                                {BoxButton::kOk});
 }
 
 void MacroTriggers::EnableAfterSuccess() {
@@ -191,6 +205,7 @@ bool MacroTriggers::ReadMacroTriggers(const ShowProgress& progress) {
         if (!ReadRow(kEditorBoard, row)) return false;
     }
     progress("Reading macro triggers complete");
+    session_.known.triggers = true;
     return true;
 }
 

@@ -31,6 +31,7 @@ class MacroTriggers {
 
   private:
     bool ReadRow(int board, int row);
+    void RefusePage();
     void EnableAfterSuccess();
 
     MainForm& form_;

@@ -177,6 +177,7 @@ void OneWire::cmdRead1WNames_Click() {
     if (!link_.Connected()) return;
     Busy busy(*this, "Read 1-Wire Settings");
     Clear1WireFields(form_);
+    session_.known.sensor_names = false;
     if (!ReadNames() || !ReadCommittedSensors()) return;
     ReadLive(busy);
     if (!busy.Stale() && session_.AdminLoggedIn) session_.OneWireRead = true;
@@ -185,18 +186,22 @@ void OneWire::cmdRead1WNames_Click() {
 bool OneWire::ReadNames() {
     for (int block = 0; block < kNameBlocks; ++block) {
         form_.lblMemoryBlock.SetCaption(Progress("Reading 1-Wire Name", block + 1, kNameBlocks));
-        const int address = kNameTable + kBlockSize * block;
-        if (!link_.Command(ReadCommand(session_.DisplayAddress, address))) return false;
-        link_.RemoveReplyEscapes();
-        const Names names = DecodeNames(Mid(session_.ReplyBuffer, kMemoryData, kBlockSize));
+        const auto data = link_.Read(session_.DisplayAddress, kNameTable + kBlockSize * block);
+        if (!data) return false;
+        const Names names = DecodeNames(*data);
         tab_.txt1WName(2 * block).SetText(names.first);
         tab_.txt1WName(2 * block + 1).SetText(names.second);
     }
+    session_.known.sensor_names = true;
     return true;
 }
 
 void OneWire::cmdWrite1WNames_Click() {
     if (!link_.Connected()) return;
+    if (!KnownForWriting(link_, session_.known.sensor_names, "Write 1-Wire Names",
+                         "1-Wire names")) {
+        return;
+    }
     Busy busy(*this, "Write 1-Wire Names");
     if (WriteNames()) form_.lblMemoryBlock.SetCaption("Writing 1-Wire Names complete");
 }
@@ -225,10 +230,9 @@ bool OneWire::ReadCommittedSensors() {
     for (int block = 0; block < kCommittedBlocks; ++block) {
         form_.lblMemoryBlock.SetCaption(
             Progress("Reading 1-Wire Memory", block + 1, kCommittedBlocks));
-        const int address = kCommittedTable + kBlockSize * block;
-        if (!link_.Command(ReadCommand(session_.RelayAddress, address))) return false;
-        link_.RemoveReplyEscapes();
-        buffer += Mid(session_.ReplyBuffer, kMemoryData, kBlockSize);
+        const auto data = link_.Read(session_.RelayAddress, kCommittedTable + kBlockSize * block);
+        if (!data) return false;
+        buffer += *data;
         for (; buffer.size() >= kRecordLength; buffer.erase(0, kRecordLength)) {
             tab_.lbl1We2p(slot++).SetCaption(DecodeAddress(buffer).value_or(kNotCommitted));
         }

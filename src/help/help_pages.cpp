@@ -21,13 +21,6 @@ constexpr const char* kNetwork2[] = {
     "DCHP on/off.  If DCHP is disabled then the fixed IP Settings will be used.",
     "The fixed IP settings will also be used if DHCP is enabled, but no server is available.",
     "TCP Control Settings. This needs to be enabled to use this program.",
-    "Time Server Settings. Connection to a timeserver is not currently supported.",
-    "OLED Timeout. The OLED timeout delay can be set to a value between 10 and 2540 seconds. Any "
-    "number entered will be rounded up to the nearest 10 seconds.",
-    "A value of 0 (zero) will disable the timeout. This is not advised as it will reduce the life "
-    "of the display.",
-};
-constexpr const char* kNetwork3[] = {
     "Security Settings. 3 levels of security are available in the Web Browser Interface.",
     "View: Will allow a user to open the Web Browser Interface.",
     "Control: Will allow a user to control the Web Browser Interface.",
@@ -36,6 +29,13 @@ constexpr const char* kNetwork3[] = {
     "before you can make any changes.",
     "PLEASE NOTE: The security settings are not currently implemented in the Web Browser "
     "Interface, but the admin login to this program is.",
+};
+constexpr const char* kNetwork3[] = {
+    "Time Server Settings. Connection to a timeserver is not currently supported.",
+    "OLED Timeout. The OLED timeout delay can be set to a value between 10 and 2540 seconds. Any "
+    "number entered will be rounded up to the nearest 10 seconds.",
+    "A value of 0 (zero) will disable the timeout. This is not advised as it will reduce the life "
+    "of the display.",
 };
 
 constexpr const char* kNames1[] = {
@@ -133,7 +133,7 @@ constexpr Page kPages[] = {
     {0, "Network Settings",      kNetwork1,    kNetwork2,    kNetwork3},
     {1, "Channel Names",         kNames1,      kNames2,      kNames3},
     {2, "Macro Triggers",        kTriggers1,   kTriggers2,   kTriggers3},
-    {3, "Sensor Names",          kSensors1,    kSensors2,    kSensors3},
+    {3, "Sensors",               kSensors1,    kSensors2,    kSensors3},
     {5, "Firmware",              kFirmware1,   kFirmware2,   kFirmware3},
     {{}, "Changeover Parameters", kChangeover1, kChangeover2, kChangeover3},
 };

@@ -15,13 +15,6 @@ constexpr int kStatusOk = 200;
 // A reply in between two reads is held below this.
 constexpr qint64 kReadBuffer = 64 * 1024;
 
-bool IsText(const QByteArray& content) {
-    return std::none_of(content.begin(), content.end(), [](char c) {
-        const auto code = static_cast<unsigned char>(c);
-        return (code < 0x20 && c != '\t' && c != '\r' && c != '\n') || code == 0x7F;
-    });
-}
-
 bool IsWebAddress(const QUrl& url) {
     return url.isValid() && !url.host().isEmpty() &&
            (url.scheme() == "http" || url.scheme() == "https");
@@ -118,8 +111,6 @@ void QtHttpReader::OnFinished() {
         EndWith(status, "The server answers with HTTP status " + std::to_string(status));
     } else if (reply_->error() != QNetworkReply::NoError) {
         EndWith(static_cast<int>(reply_->error()), reply_->errorString().toStdString());
-    } else if (!IsText(content_)) {
-        EndWith(kNotText, "The page is not text");
     } else {
         EndWith(0, "");
     }

@@ -33,7 +33,6 @@ class QtHttpReader : public HttpReader {
     enum Error : int {
         kBadAddress = 1001,
         kTooLarge = 1002,
-        kNotText = 1003,
         kTooSlow = 1004,
         kRedirectRefused = 1005,
     };

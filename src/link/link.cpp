@@ -68,6 +68,7 @@ void Link::NewConnection() {
     EndConnection();
     if (waits_ > kMostAbandonedWaits) released_ = connections_;
     connection_ = ++connections_;
+    refused_polls_.clear();
     seen_ = Seen::kNothing;
 }
 
@@ -152,9 +153,8 @@ Exchange::End Link::Transmit(const std::string& escaped, std::uint64_t exchange)
         form_.Label4.SetCaption(kWaiting);
         WaitForReply();
         if (current_ && current_->Stale()) return Exchange::End::kLineLost;
-        const bool timed_out =
-            seen_ == Seen::kTimeout ||
-            (seen_ == Seen::kNothing && form_.Label3.Caption() == kTimedOut);
+        const bool timed_out = seen_ == Seen::kTimeout ||
+                               (seen_ == Seen::kNothing && form_.Label3.Caption() == kTimedOut);
         if (timed_out) return Exchange::End::kNoAnswer;  // final: not sent again
         const Verdict verdict = JudgeReply(repeat_count);
         if (current_ && current_->Stale()) return Exchange::End::kLineLost;
@@ -209,7 +209,11 @@ Link::Verdict Link::Box(Verdict verdict, const char* title, const char* text) {
     return verdict;
 }
 
+// Of a poll that the port may not make, one box is enough until an answer comes.
 Link::Verdict Link::RefusedByPrivileges() {
+    const bool poll = current_ && current_->number_ == 0;
+    const int code = ByteAt(session_.FrameBuffer, 4);
+    if (poll && !refused_polls_.insert(code).second) return Verdict::kRefused;
     return Box(Verdict::kRefused, "Privileges", "Denied due to privilege settings");
 }
 
@@ -237,7 +241,10 @@ Link::Verdict Link::JudgeReply(int& repeat_count) {
     }
     const std::string sent = frame.substr(0, frame.size() - 3);
     const std::string received = session_.ReplyBuffer.substr(0, sent.size());
-    if (sent == received) return Verdict::kDone;
+    if (sent == received) {
+        refused_polls_.erase(ByteAt(sent, 4));
+        return Verdict::kDone;
+    }
     // The count comes before the exceptions.
     if (CountRepeat(repeat_count, "Comms Clash2!") == Verdict::kCorrupted) {
         return Verdict::kCorrupted;

@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -146,6 +147,7 @@ class Link {
     std::function<void()> when_idle_;
     Seen seen_ = Seen::kNothing;  // since the last frame went out
     std::string first_reply_;
+    std::set<int> refused_polls_;  // command codes
     int connection_ = 0;
     int connections_ = 0;
     int released_ = 0;  // waits of connections up to this one end at once

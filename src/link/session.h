@@ -39,6 +39,16 @@ struct Session {
     bool OneWireUnsupported = false;
     int LastTabIndex = 0;
 
+    // Which tables on the screen hold what the unit of this connection has given. What was cleared
+    // and not read again is not theirs to write.
+    struct {
+        bool names = false;
+        bool triggers = false;
+        bool sensor_names = false;
+        bool changeover_startup = false;
+        bool changeover_live = false;
+    } known;
+
     bool DataValid = false;  // result of the last DecodeQuad
     int IPChanged = 0;
     int PortChanged = 0;

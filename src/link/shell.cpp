@@ -37,6 +37,7 @@ void Shell::Form_Load() {
 
 void Shell::SSTab1_Click() {
     abortCMSOptions(form_);
+    session_.known.changeover_startup = session_.known.changeover_live = false;
     DisableFrames(form_);
     form_.fraIPAddress.SetEnabled(session_.LinkIsDown);
     form_.fraMemoryBlock.SetEnabled(true);

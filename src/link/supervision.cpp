@@ -254,12 +254,17 @@ void Supervision::DisableWhatNeedsALink() {
 }
 
 void Supervision::ClearScreen() {
+    session_.known = {};
     ClearTextBoxes(form_);
     ClearNameBoxes(form_);
     ClearMacroTriggerRows(form_);
     Clear1WireFields(form_);
     ClearPriviledges(form_);
     ClearWebFields(form_);
+    form_.one_wire.lbl1WTotal.SetCaption("");
+    for (Label* label : {&form_.changeover.lblDefaultIn, &form_.changeover.lblLockout}) {
+        label->SetCaption("");
+    }
     DisableLabels(form_);
 }
 

@@ -44,6 +44,8 @@ class Importer : public MacroFileSink {
         triggers_.txtMTPage(row).SetText(fields.page);
         triggers_.txtMTAddress(row).SetText(fields.address);
         triggers_.chkMacro(row).SetChecked(fields.enabled);
+        // A whole table out of a file is one to write.
+        if (row == TriggersTab::kRows - 1) session_.known.triggers = true;
     }
 
   private:

@@ -31,6 +31,7 @@ ControlPorts::ControlPorts(MainForm& form, Session& session, Link& link)
         key.on_got_focus = [&key] { SelectAllText(key); };
         key.on_key_press = [this](int& code) { txtChaskey_KeyPress(code); };
         key.on_change = [this, i] { txtChaskey_Change(i); };
+        key.SetForeColor(kRed);  // an empty box holds no key
         tab_.cmdChaskeyGen(i).on_click = [this, i] { cmdChaskeyGen_Click(i); };
         FilterKeys(tab_.txtAttackLimit(i), NumberKey, platform_.sound);
         tab_.txtAttackLimit(i).on_lost_focus = [this, i] { txtAttackLimit_LostFocus(i); };

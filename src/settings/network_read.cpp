@@ -48,7 +48,7 @@ NetworkRead::NetworkRead(MainForm& form, Session& session, Link& link, Identity&
 }
 
 void NetworkRead::cmdReadNetworkSettings_Click() {
-    const Link::Operation operation(link_, "Read Network Settings");
+    Link::Operation operation(link_, "Read Network Settings");
     tab_.cmdWriteNetworkSettings.SetEnabled(false);
     tab_.cmdResetEthernet.SetEnabled(false);
     form_.cmdHelp.SetEnabled(false);
@@ -58,6 +58,7 @@ void NetworkRead::cmdReadNetworkSettings_Click() {
     if (link_.Connected()) {
         Prepare();
         complete = ReadAll();
+        if (!complete) operation.Stop("a block holds a value that can't be shown");
     }
     if (complete) {
         if (session_.AdminLoggedIn) EnableSettings();
@@ -71,6 +72,7 @@ void NetworkRead::Prepare() {
     ClearTextBoxes(form_);
     ClearNameBoxes(form_);
     ClearMacroTriggerRows(form_);
+    session_.known.names = session_.known.triggers = false;
 }
 
 bool NetworkRead::ReadAll() {
@@ -91,7 +93,7 @@ bool NetworkRead::ReadBlock(const Row& row, int number) {
     if (!link_.Command(ReadCommand(session_.DisplayAddress, row.address))) return false;
     link_.RemoveReplyEscapes();
     block_ = Mid(session_.ReplyBuffer, kMemoryData, kBlockSize);
-    return true;
+    return block_.size() == kBlockSize;
 }
 
 bool NetworkRead::TakeAdminName() {
@@ -110,6 +112,7 @@ bool NetworkRead::TakeAdminPassword() {
 // Here and in the next block the data are found by the length of the frame sent.
 bool NetworkRead::TakeAddresses() {
     block_ = Mid(session_.ReplyBuffer, session_.FrameBuffer.size() - 3, kBlockSize);
+    if (block_.size() < kBlockSize) return false;
     TextBox* const boxes[] = {&tab_.txtIPAddress, &tab_.txtSubnetMask, &tab_.txtDefaultGateway,
                               &tab_.txtPrimaryDNS};
     for (std::size_t i = 0; i < std::size(boxes); ++i) {
@@ -122,6 +125,7 @@ bool NetworkRead::TakeAddresses() {
 
 bool NetworkRead::TakePorts() {
     block_ = Mid(session_.ReplyBuffer, session_.FrameBuffer.size() - 3, kBlockSize);
+    if (block_.size() < kBlockSize) return false;
     const auto dns = QuadAt(block_, kSecondaryDnsOffset);
     if (!dns) return false;
     tab_.txtSecondaryDNS.SetText(*dns);

@@ -31,17 +31,21 @@ NetworkWrite::NetworkWrite(MainForm& form, Session& session, Link& link)
 void NetworkWrite::cmdWriteNetworkSettings_Click() {
     // The red frame is the operator's only hint.
     if (tab_.fraFixedIPSettings.ForeColor() == kRed) return;
-    const Link::Operation operation(link_, "Write Network Settings");
+    Link::Operation operation(link_, "Write Network Settings");
     DisableSettings();
     if (ConfirmPassword()) {
         if (!WarnOfWebSecurity()) return;
         // Without a connection everything stays disabled.
         if (!link_.Connected()) return;
         form_.SetPointer(Form::kHourglass);
-        if (WriteAll()) {
+        if (WriteAll(operation)) {
             form_.lblMemoryBlock.SetCaption("Memory write complete.");
             if (session_.AdminLoggedIn) EnableSettings();
+        } else {
+            operation.Stop("a value does not fit its field");
         }
+    } else {
+        operation.Stop("a typed password has not been confirmed");
     }
     form_.SetPointer(Form::kArrow);
     tab_.cmdReadNetworkSettings.SetEnabled(true);
@@ -82,7 +86,7 @@ bool NetworkWrite::WarnOfWebSecurity() {
                {BoxButton::kOk, BoxButton::kCancel}) != BoxButton::kCancel;
 }
 
-bool NetworkWrite::WriteAll() {
+bool NetworkWrite::WriteAll(Link::Operation& operation) {
     int number = 0;
     const auto text = [](const TextBox& box) { return PadRight(box.Text(), kBlockSize); };
     const std::string blank(kBlockSize, ' ');
@@ -98,16 +102,19 @@ bool NetworkWrite::WriteAll() {
     }
     const CommunityPieces community = SplitCommunity(tab_.txtCommunity.Text());
     return WriteBlock(number, address::kLimits, kLimitsWritten, LimitsBlock(community.start)) &&
-           WriteKeys(number) &&
+           WriteKeys(number, operation) &&
            WriteBlock(number, address::kCommunityRest, kBlockSize, community.rest) &&
            WriteBlock(number, address::kSysContact, kBlockSize, text(tab_.txtSysContact));
 }
 
 // A red box holds no complete key: no command, no caption, no count.
-bool NetworkWrite::WriteKeys(int& number) {
+bool NetworkWrite::WriteKeys(int& number, Link::Operation& operation) {
     for (int i = 0; i < 3; ++i) {
         const TextBox& box = tab_.txtChaskey(i);
-        if (box.ForeColor() == kRed) continue;
+        if (box.ForeColor() == kRed || box.Text().size() < kKeyCharacters) {
+            operation.Skip(std::string("key of port ") + "ABC"[i], "it is not a complete key");
+            continue;
+        }
         const std::string key = HexPairs(Mid(box.Text(), 1, kKeyCharacters));
         if (!WriteBlock(number, address::kChaskey[i], kBlockSize, key)) return false;
     }

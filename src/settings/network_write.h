@@ -20,8 +20,8 @@ class NetworkWrite {
     void DisableSettings();
     bool ConfirmPassword();
     bool WarnOfWebSecurity();
-    bool WriteAll();
-    bool WriteKeys(int& number);
+    bool WriteAll(Link::Operation& operation);
+    bool WriteKeys(int& number, Link::Operation& operation);
     bool WriteBlock(int& number, int address, int count, const std::optional<std::string>& data);
     void EnableSettings();
 

@@ -11,6 +11,15 @@ void AppendOctet(double value, std::string& bytes) {
     bytes.push_back(static_cast<char>(RoundHalfEven(value) & 0xFF));
 }
 
+// Digits, and a fraction: the last octet takes all that is left, "4.5" for one.
+bool IsNumber(std::string_view octet) {
+    constexpr char kDigits[] = "0123456789";
+    const std::size_t end = octet.find_first_not_of(kDigits);
+    if (end == 0 || octet.empty()) return false;
+    if (end == std::string_view::npos) return true;
+    return octet[end] == '.' && octet.find_first_not_of(kDigits, end + 1) == std::string_view::npos;
+}
+
 }  // namespace
 
 void DecodeQuad(std::string& Quad, std::string& bytReturn, bool& DataValid) {
@@ -20,7 +29,7 @@ void DecodeQuad(std::string& Quad, std::string& bytReturn, bool& DataValid) {
         const auto dot = Quad.find('.');
         if (dot == std::string::npos) return;
         const double value = Val(Quad.substr(0, dot));
-        if (value > kHighestOctet || Quad[0] < '0' || Quad[0] > '9') {
+        if (value > kHighestOctet || !IsNumber(Quad.substr(0, dot))) {
             bytReturn.clear();
             return;
         }
@@ -32,7 +41,7 @@ void DecodeQuad(std::string& Quad, std::string& bytReturn, bool& DataValid) {
         }
     }
     const double last = Val(Quad);
-    if (last > kHighestOctet) {
+    if (last > kHighestOctet || !IsNumber(Quad)) {
         bytReturn.clear();
         return;
     }

@@ -27,16 +27,27 @@ TEST_F(ChangeoverTest, ReadFillsTheStartupColumnAndStartsTheRefresh) {
     EXPECT_TRUE(tab_.lblPhase.Enabled());
 }
 
-TEST_F(ChangeoverTest, AFailedReadStillEndsInItsCleanUp) {
+TEST_F(ChangeoverTest, AFailedReadLeavesThePanelAsItWasAndNothingToSave) {
     ConnectOnPanel();
     ReplyRaw(kStartupRead, "");
     tab_.txtStartup(0).SetText("77");
     Read();
     EXPECT_EQ(tab_.txtStartup(0).Text(), "77");
     EXPECT_EQ(captions_.back(), "Reading Changeover Data Complete");
-    EXPECT_TRUE(form_.timCMSOptions.Enabled());
-    Refresh();
-    EXPECT_EQ(tab_.txtCurrent(3).Text(), "000");  // live values come after a good read only
+    EXPECT_FALSE(form_.timCMSOptions.Enabled());
+    EXPECT_FALSE(tab_.cmdSaveStartup(0).Usable());
+    EXPECT_TRUE(tab_.cmdReadCMSOptions.Enabled());
+    EXPECT_FALSE(session_.ChangeoverRead);
+    world_.tcpsend.ClearSent();
+    for (const int i : {0, 1}) {
+        tool_.changeover.cmdSaveStartup_Click(i);
+        tool_.changeover.cmdSaveCurrent_Click(i);
+    }
+    EXPECT_EQ(world_.boxes.shown().size(), 4u);
+    EXPECT_EQ(world_.boxes.shown().back().text,
+              "The live changeover values have not been read on this connection. Nothing was "
+              "written.");
+    EXPECT_TRUE(SentTexts().empty());
 }
 
 TEST_F(ChangeoverTest, SaveAsLiveSendsTheFourValues) {
@@ -91,8 +102,10 @@ TEST_F(ChangeoverTest, SaveAsStartupKeepsWhatItWroteAndLeavesTheAlarmAlone) {
 
 TEST_F(ChangeoverTest, SavingTheInletSendsTheTickedOneIfAny) {
     ConnectOnPanel();
-    Read();
+    ReadAndRefresh();
+    StopPolls();
     tab_.optInE2P(4).SetChosen(false);
+    tab_.optInLive(2).SetChosen(false);
     world_.tcpsend.ClearSent();
     ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveCurrent(1)));
     ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveStartup(1)));
@@ -107,7 +120,8 @@ TEST_F(ChangeoverTest, SavingTheInletSendsTheTickedOneIfAny) {
 
 TEST_F(ChangeoverTest, ADisconnectDuringASaveSendsNothing) {
     ConnectOnPanel();
-    Read();
+    ReadAndRefresh();
+    StopPolls();
     world_.tcpsend.ClearSent();
     world_.time.After(Milliseconds{300}, [&] { tool_.hand.Click(form_.cmdDisconnect); });
     world_.time.After(Milliseconds{310}, [&] { tool_.hand.Click(form_.cmdConnect); });
@@ -116,6 +130,7 @@ TEST_F(ChangeoverTest, ADisconnectDuringASaveSendsNothing) {
     EXPECT_FALSE(form_.timCMSOptions.Enabled());
     EXPECT_FALSE(tab_.cmdSaveCurrent(0).Enabled());
     EXPECT_TRUE(tab_.cmdReadCMSOptions.Enabled());
+    EXPECT_FALSE(form_.SSTab1.Tabs()[1].enabled) << "the tabs are as the disconnect left them";
     EXPECT_EQ(form_.lblMemoryBlock.Caption(), "");
 }
 

@@ -45,6 +45,11 @@ class ChangeoverTest : public FeatureTest {
         Read();
         Refresh();
     }
+    // Between two passes, so that none is under way in a save.
+    void StopPolls() {
+        form_.timCMSOptions.SetEnabled(false);
+        world_.RunFor(Milliseconds{1000});
+    }
     std::size_t Polls() const { return SentTexts().size(); }
 
     ChangeoverTab& tab_ = form_.changeover;

@@ -126,17 +126,35 @@ TEST_F(ChannelNamesTest, WritesEveryBlockWithLeadingBlanksAndTheHiddenBackup) {
     EXPECT_TRUE(tab_.fraInletNames.Enabled());
 }
 
-TEST_F(ChannelNamesTest, FailedWriteLeavesTheWriteButtonOff) {
+TEST_F(ChannelNamesTest, AFailedWriteGivesItsButtonBackAndKeepsWhatWasTyped) {
     ConnectOnNames();
     ASSERT_FALSE(tool_.hand.Click(tab_.cmdReadChannelNames));
     const std::string second = WriteCommand(kDisplay, 0x0070, 16, std::string(16, ' '));
     ReplyRaw(second, Framed(Bytes({kDisplay, kWriteMemory, kRefusedByPrivileges})));
+    ASSERT_FALSE(tool_.hand.Type(tab_.txtOutUpper(3), "Typed"));
     world_.tcpsend.ClearSent();
     ASSERT_FALSE(tool_.hand.Click(tab_.cmdWriteChannelNames));
     EXPECT_EQ(SentTexts().size(), 2u);
-    EXPECT_FALSE(tab_.cmdWriteChannelNames.Enabled());
+    EXPECT_TRUE(tab_.cmdWriteChannelNames.Usable());
+    EXPECT_EQ(tab_.txtOutUpper(3).Text(), "Typed");
     EXPECT_TRUE(tab_.cmdReadChannelNames.Enabled());
     EXPECT_EQ(world_.boxes.shown().back().title, "Privileges");
+}
+
+// Names that a settings read has cleared, or that the unit before has left behind.
+TEST_F(ChannelNamesTest, WhatWasClearedIsNotWrittenUntilItIsReadAgain) {
+    ConnectOnNames();
+    ASSERT_FALSE(tool_.hand.Click(tab_.cmdReadChannelNames));
+    session_.known.names = false;
+    world_.tcpsend.ClearSent();
+    ASSERT_FALSE(tool_.hand.Click(tab_.cmdWriteChannelNames));
+    EXPECT_TRUE(SentTexts().empty());
+    EXPECT_EQ(world_.boxes.shown().back().text,
+              "The channel names have not been read on this connection. Nothing was written.");
+    EXPECT_EQ(tool_.link.journal().operations().back().end, OperationRecord::End::kStopped);
+    ASSERT_FALSE(tool_.hand.Click(tab_.cmdReadChannelNames));
+    ASSERT_FALSE(tool_.hand.Click(tab_.cmdWriteChannelNames));
+    EXPECT_EQ(SentTexts().size(), 32u);
 }
 
 TEST_F(ChannelNamesTest, TheEditorReadsBoard251WhateverTheUnitIs) {

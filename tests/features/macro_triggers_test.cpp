@@ -75,10 +75,13 @@ TEST_F(MacroTriggersTest, AFailedRecordKeepsTheRowsBehindIt) {
     EXPECT_EQ(tab_.txtMTName(1).Text(), "New");
     EXPECT_EQ(tab_.txtMTName(2).Text(), "old");
     EXPECT_FALSE(session_.MacroTriggersRead);
-    EXPECT_FALSE(tab_.cmdEditMacro.Enabled());
+    EXPECT_TRUE(tab_.cmdEditMacro.Enabled());
     EXPECT_FALSE(tab_.cmdWriteMacroTriggers.Enabled());
     EXPECT_TRUE(tab_.cmdReadMacroTriggers.Enabled());
     EXPECT_EQ(captions_.back(), "Reading Macro Data 3 of 8");
+    world_.tcpsend.ClearSent();
+    tool_.macro_triggers.cmdWriteMacroTriggers_Click();
+    EXPECT_TRUE(SentTexts().empty()) << "rows that were not read are not written";
 }
 
 TEST_F(MacroTriggersTest, WritesWhatTheRowsHold) {

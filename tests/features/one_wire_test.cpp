@@ -220,6 +220,11 @@ TEST_F(OneWireTest, CommitReadsTheCommittedTableAndClearBoth) {
 
 TEST_F(OneWireTest, NamesGoOutPaddedInPairs) {
     ConnectOnOneWire();
+    Click(tab_.cmdWrite1WNames);
+    EXPECT_TRUE(SentTexts().empty()) << "names of a unit before are not this one's";
+    Click(tab_.cmdRead1WNames);
+    world_.tcpsend.ClearSent();
+    captions_.clear();
     tab_.txt1WName(0).SetText("a");
     tab_.txt1WName(1).SetText("exactly8");
     tab_.txt1WName(15).SetText("set beyond its length");

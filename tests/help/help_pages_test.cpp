@@ -11,9 +11,9 @@ using testing::HasSubstr;
 
 TEST(HelpPages, GoByTheIndexOfTheTabAndNotByItsCaption) {
     const char* const kSubjects[] = {
-        "Network Settings",      "Channel Names",         "Macro Triggers",
-        "Sensor Names",          "Changeover Parameters", "Firmware",
-        "Changeover Parameters", "Changeover Parameters", "Changeover Parameters"};
+        "Network Settings",      "Channel Names", "Macro Triggers",        "Sensors",
+        "Changeover Parameters", "Firmware",      "Changeover Parameters", "Changeover Parameters",
+        "Changeover Parameters"};
     for (int tab = 0; tab < 9; ++tab) {
         const HelpPage page = HelpPageOf(tab);
         const std::string opening = std::string("Kestrane TCP Config can be used to set the ") +

@@ -26,10 +26,13 @@ TEST(Quad, TextsAndTheirBytes) {
                           {".1.1.1", false, ""},
                           {"1.2.3.4.5", true, "01020304"},
                           {"1.2.3.5.5", true, "01020306"},
-                          {"1.2.3.x", true, "01020300"},
+                          {"1.2.3.x", false, ""},
+                          {"1.2.3..", false, ""},
+                          {"1.2.3.4.5.6", false, ""},
+                          {"1.2.3.4(", false, ""},
                           {"4294967297.1.1.1", false, ""},
                           {"1.1.1.4294967297", false, ""},
-                          {"1%.2.3.4", true, "01020304"}}) {
+                          {"1%.2.3.4", false, ""}}) {
         std::string quad = c.text;
         std::string bytes;
         bool valid = !c.valid;
