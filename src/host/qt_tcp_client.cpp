@@ -15,7 +15,7 @@ QString WithoutBrackets(const std::string& host) {
 
 }  // namespace
 
-QtTcpClient::QtTcpClient() {
+QtTcpClient::QtTcpClient(std::size_t most_unread) : most_unread_(most_unread) {
     QObject::connect(&socket_, &QTcpSocket::connected, &context_, [this] { OnConnected(); });
     QObject::connect(&socket_, &QTcpSocket::readyRead, &context_, [this] { TakeIncoming(); });
     QObject::connect(&socket_, &QTcpSocket::errorOccurred, &context_,
@@ -147,7 +147,7 @@ void QtTcpClient::OnDisconnected() {
 void QtTcpClient::TakeIncoming() {
     if (socket_.bytesAvailable() == 0) return;
     const QByteArray incoming = socket_.readAll();
-    const std::size_t room = kMostUnread - std::min(kMostUnread, BytesWaiting());
+    const std::size_t room = most_unread_ - std::min(most_unread_, BytesWaiting());
     unread_.append(incoming.data(), std::min(room, static_cast<std::size_t>(incoming.size())));
 }
 

@@ -19,14 +19,14 @@ namespace kestrane {
 
 class QtTcpClient : public TcpClient {
   public:
-    // Bytes that arrive while so many are unread are lost.
+    // Bytes that arrive while so many are unread are lost, unless another number is given.
     static constexpr std::size_t kMostUnread = std::size_t{4} << 20;
     // A Send while the peer has left so many bytes untaken is dropped as a whole.
     static constexpr qint64 kMostUnsent = qint64{1} << 20;
     // Milliseconds that a Close waits at most for a peer that does not take the last frames.
     static constexpr int kLongestFarewell = 200;
 
-    QtTcpClient();
+    explicit QtTcpClient(std::size_t most_unread = kMostUnread);
     ~QtTcpClient() override;
     QtTcpClient(const QtTcpClient&) = delete;
     QtTcpClient& operator=(const QtTcpClient&) = delete;
@@ -53,6 +53,7 @@ class QtTcpClient : public TcpClient {
     // Runs the member as an event of its own, if this connection still stands then.
     void Later(void (QtTcpClient::*step)());
 
+    std::size_t most_unread_;
     QObject context_;
     QTcpSocket socket_;
     std::uint64_t connection_ = 0;  // changes at each Connect and Close
