@@ -14,6 +14,9 @@ if(KESTRANE_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(CMAKE_BUILD_TYPE STREQUAL "Release")
+  include(cmake/Hardening.cmake)
+endif()
 
 # kestrane_library(<folder> [LINK <target>...] [PRIVATE_LINK <target>...]): the sources of the
 # current folder as the library kestrane_<folder>. It links what the folder may include and
@@ -28,16 +31,21 @@ function(kestrane_library folder)
                         PRIVATE ${ARG_PRIVATE_LINK} kestrane_options)
 endfunction()
 
-# kestrane_test(<folder> [LINK <target>...]): tests/<folder>/*_test.cpp as one test program.
+# kestrane_test(<folder> [LINK <target>...] [PRECOMPILED <header>...]): the sources of tests/<folder>
+# as one test program. Those with the virtual-time platform share one precompiled header.
 function(kestrane_test folder)
-  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LINK;PRECOMPILED" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   add_executable(test_${folder} ${sources})
+  # What is tested is what users get; the tests themselves run once.
+  target_compile_options(test_${folder} PRIVATE $<$<CONFIG:Release>:-O0>
+                         -U_FORTIFY_SOURCE)
   target_link_libraries(test_${folder} PRIVATE ${ARG_LINK} GTest::gtest GTest::gmock
                         GTest::gtest_main kestrane_options)
-  list(LENGTH sources count)
-  if(count GREATER 3)
-    target_precompile_headers(test_${folder} PRIVATE <gtest/gtest.h>)
+  if(ARG_PRECOMPILED)
+    target_precompile_headers(test_${folder} PRIVATE ${ARG_PRECOMPILED})
+  elseif(kestrane_test_support IN_LIST ARG_LINK)
+    target_precompile_headers(test_${folder} REUSE_FROM test_virtual_time)
   endif()
   gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
 endfunction()
