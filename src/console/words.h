@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/utf8.h"
+
 namespace kestrane {
 
 struct Word {
@@ -21,12 +23,6 @@ struct SplitLine {
 };
 
 SplitLine SplitWords(std::string_view line);
-
-// Nothing if the text is not UTF-8 or holds a character above U+00FF.
-std::optional<std::string> ToByteText(std::string_view utf8);
-std::string FromByteText(std::string_view bytes);
-
-bool IsUtf8(std::string_view text);
 
 // The whole number that the word is, within these bounds; nothing for any other word.
 std::optional<int> WordAsInt(const Word& word, int least, int most);

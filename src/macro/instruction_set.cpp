@@ -166,10 +166,11 @@ void AppendOperand(Operand operand, std::uint8_t value, std::string& text) {
             AppendOutletList(value, 2, text);
             break;
         case kAlarm:
-            if (OperandInRange(operand, value)) text += kAlarms[value];
-            break;
         case kSupply:
-            if (OperandInRange(operand, value)) text += kSupplies[value - std::size_t{1}];
+            if (OperandInRange(operand, value)) {
+                text +=
+                    OperandNames(operand)[static_cast<std::size_t>(value - FirstNamed(operand))];
+            }
             break;
     }
 }
@@ -230,6 +231,14 @@ int MaskGroup(std::uint8_t opcode) {
     return instruction->operand == kMask1 ? 1 : instruction->operand == kMask2 ? 2 : 0;
 }
 
+std::span<const std::string_view> OperandNames(Operand operand) {
+    if (operand == kAlarm) return kAlarms;
+    if (operand == kSupply) return kSupplies;
+    return {};
+}
+
+int FirstNamed(Operand operand) { return operand == kSupply ? 1 : 0; }
+
 bool OperandInRange(Operand operand, std::uint8_t value) {
     switch (operand) {
         case kAddress:
@@ -237,9 +246,10 @@ bool OperandInRange(Operand operand, std::uint8_t value) {
         case kMask2:
             return value < 0x40;
         case kAlarm:
-            return value < kAlarms.size();
-        case kSupply:
-            return value >= 1 && value <= kSupplies.size();
+        case kSupply: {
+            const auto names = static_cast<int>(OperandNames(operand).size());
+            return value >= FirstNamed(operand) && value < FirstNamed(operand) + names;
+        }
         default:
             return true;
     }

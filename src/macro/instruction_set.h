@@ -112,6 +112,10 @@ int MaskGroup(std::uint8_t opcode);
 // Whether an instruction with this operand can do something sensible with the value.
 bool OperandInRange(Operand operand, std::uint8_t value);
 
+// The words of an alarm or supply operand; empty for others. The first stands for FirstNamed.
+std::span<const std::string_view> OperandNames(Operand operand);
+int FirstNamed(Operand operand);
+
 inline constexpr std::uint8_t kFirstMacroAddress = 0x10;
 inline constexpr std::uint8_t kLastJumpTarget = 0x7E;
 inline constexpr int kOutletCount = 14;

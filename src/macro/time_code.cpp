@@ -1,5 +1,6 @@
 #include "macro/time_code.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -13,8 +14,12 @@ struct SecondsText {
     std::uint8_t length = 0;
 };
 
+constexpr unsigned Tenths(unsigned code) {
+    return (code & 0x3F) * (code & 0x40 ? 10 : 1) * (code & 0x80 ? 100 : 1);
+}
+
 constexpr SecondsText MakeSecondsText(unsigned code) {
-    const unsigned tenths = (code & 0x3F) * (code & 0x40 ? 10 : 1) * (code & 0x80 ? 100 : 1);
+    const unsigned tenths = Tenths(code);
     const unsigned seconds = tenths / 10;
     SecondsText text;
     for (unsigned unit = 1000; unit > 0; unit /= 10) {
@@ -34,7 +39,32 @@ constexpr std::array<SecondsText, 256> kSecondsTexts = [] {
     return texts;
 }();
 
+// Digits with at most one point among or around them.
+bool IsDecimal(std::string_view text) {
+    const auto digits =
+        std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const auto points = std::count(text.begin(), text.end(), '.');
+    return digits > 0 && points <= 1 && digits + points == static_cast<long>(text.size());
+}
+
+std::string NearestTimes(double seconds) {
+    int below = 0;
+    int above = TimeTenths(0xFF) + 1;
+    for (int code = 0; code <= 0xFF; ++code) {
+        const int tenths = TimeTenths(static_cast<std::uint8_t>(code));
+        if (tenths <= 10 * seconds) below = std::max(below, tenths);
+        if (tenths > 10 * seconds) above = std::min(above, tenths);
+    }
+    const auto text = [](int tenths) {
+        return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+    };
+    if (above > TimeTenths(0xFF)) return "the longest is " + text(below);
+    return "the nearest are " + text(below) + " and " + text(above);
+}
+
 }  // namespace
+
+int TimeTenths(std::uint8_t code) { return static_cast<int>(Tenths(code)); }
 
 std::string TimeText(std::uint8_t code) {
     const SecondsText& text = kSecondsTexts[code];
@@ -63,6 +93,21 @@ std::optional<std::uint8_t> TimeCode(std::string_view text) {
         code = t / 100 + 192;
     }
     return static_cast<std::uint8_t>(RoundHalfEven(code));
+}
+
+ExactTime ExactTimeCode(std::string_view text) {
+    if (!IsDecimal(text)) return {{}, "it is not a number of seconds, as 0.5 or 10"};
+    const double seconds = Val(text);
+    const std::uint8_t code = *TimeCode(text);
+    // Only tenths can be exact, and for those the product is what the code holds, to the bit.
+    const auto point = text.find('.');
+    const bool tenths =
+        point == std::string_view::npos ||
+        text.find_first_not_of('0', std::min(point + 2, text.size())) == std::string_view::npos;
+    if (tenths && std::lround(10 * seconds) == TimeTenths(code) && seconds <= 6300) {
+        return {code, {}};
+    }
+    return {{}, "no code holds it exactly, " + NearestTimes(seconds)};
 }
 
 }  // namespace kestrane

@@ -21,4 +21,15 @@ std::string TimeText(std::uint8_t code);
 // anything above 6300 counts 6300. A negative number has no code.
 std::optional<std::uint8_t> TimeCode(std::string_view text);
 
+// The tenths of a second of a code.
+int TimeTenths(std::uint8_t code);
+
+// The code that TimeCode gives a decimal number of seconds ("10", "0.5"), if that holds the number
+// exactly; else why there is none, naming the nearest times below and above.
+struct ExactTime {
+    std::optional<std::uint8_t> code;
+    std::string why_not;
+};
+ExactTime ExactTimeCode(std::string_view text);
+
 }  // namespace kestrane

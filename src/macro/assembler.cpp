@@ -1,0 +1,426 @@
+#include "macro/assembler.h"
+
+#include <algorithm>
+
+#include "macro/instruction_reader.h"
+#include "macro/instruction_set.h"
+#include "text/text.h"
+#include "text/utf8.h"
+
+namespace kestrane {
+namespace {
+
+constexpr std::size_t kLastAddress = MacroProgram::kAddresses - 1;
+constexpr std::size_t kLongestName = 14;
+constexpr int kLastPage = 9;
+
+std::string Quoted(std::string_view bytes) { return "\"" + FromByteText(bytes) + "\""; }
+
+std::string Hex(std::size_t address) { return HexByte(static_cast<std::uint8_t>(address)); }
+
+// One line of the source as bytes, its remark cut off, with a place to read from.
+class SourceLine {
+  public:
+    // Nothing where it is not UTF-8, or the unit lacks a character; `at` then says where.
+    static std::optional<std::string> Statement(std::string_view utf8, std::size_t& at,
+                                                std::string& why);
+
+    explicit SourceLine(std::string text) : text_(std::move(text)) { SkipBlanks(); }
+
+    bool AtEnd() const { return at_ == text_.size(); }
+    std::size_t at() const { return at_; }
+    char Next() const { return AtEnd() ? '\0' : text_[at_]; }
+    std::string_view Rest() const { return std::string_view(text_).substr(at_); }
+    // The word that begins here, up to a blank or one of `ends`.
+    std::string_view Word(std::string_view ends = {}) const {
+        const std::string_view rest = Rest();
+        std::size_t end = 0;
+        while (end < rest.size() && !IsBlank(rest[end]) &&
+               ends.find(rest[end]) == std::string_view::npos) {
+            ++end;
+        }
+        return rest.substr(0, end);
+    }
+    // Moves on over so many characters and the blanks after them.
+    void Skip(std::size_t characters) {
+        at_ += characters;
+        SkipBlanks();
+    }
+    void Take(std::size_t characters) { at_ += characters; }
+
+  private:
+    void SkipBlanks() {
+        while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
+    }
+
+    std::string text_;
+    std::size_t at_ = 0;
+};
+
+std::optional<std::string> SourceLine::Statement(std::string_view utf8, std::size_t& at,
+                                                 std::string& why) {
+    std::string text;
+    bool quoted = false;
+    bool escaped = false;
+    std::size_t remark = std::string::npos;
+    std::size_t foreign = std::string::npos;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < utf8.size(); ++count) {
+        const auto character = NextCharacter(utf8, i);
+        if (!character) {
+            at = count;
+            why = "this is not UTF-8; save the file as UTF-8";
+            return std::nullopt;
+        }
+        if (remark != std::string::npos) continue;
+        if (*character == ';' && !quoted) {
+            remark = count;
+            continue;
+        }
+        if (*character == '"' && !escaped) quoted = !quoted;
+        escaped = quoted && *character == '\\' && !escaped;
+        if (*character > kLastOfByteText && foreign == std::string::npos) foreign = count;
+        text += *character > kLastOfByteText ? '?' : static_cast<char>(*character);
+    }
+    if (foreign != std::string::npos) {
+        at = foreign;
+        why = "the unit has no such character; U+0020 to U+00FF are possible";
+        return std::nullopt;
+    }
+    while (!text.empty() && IsBlank(text.back())) text.pop_back();
+    return text;
+}
+
+class Assembler {
+  public:
+    explicit Assembler(std::uint8_t first) : next_(first) {}
+
+    Assembly Run(std::string_view source);
+
+  private:
+    struct Use {  // of a label
+        SourcePlace place;
+        std::string name;
+        std::size_t address = 0;  // of the instruction
+        int trigger = -1;         // or of a trigger, its row
+    };
+    struct Label {
+        std::string name;
+        std::size_t address;
+        long line;
+    };
+
+    void Fault(std::size_t at, std::string text) {
+        assembly_.faults.push_back({{line_, static_cast<int>(at) + 1}, std::move(text), false});
+    }
+    void Fault(SourcePlace place, std::string text, bool is_warning = false) {
+        assembly_.faults.push_back({place, std::move(text), is_warning});
+    }
+
+    void ReadLine(std::string_view utf8);
+    void ReadStatement(SourceLine& line);
+    bool ReadAt(SourceLine& line);
+    bool ReadLabel(SourceLine& line);
+    void ReadTrigger(SourceLine& line);
+    bool ReadTriggerNumber(SourceLine& line, int& row);
+    bool ReadTriggerName(SourceLine& line, std::string& name);
+    bool ReadTriggerPage(SourceLine& line, std::string& page);
+    bool ReadTriggerState(SourceLine& line, bool& enabled);
+    bool ReadTriggerAddress(SourceLine& line, int row, MacroProgram::Trigger& trigger);
+    void ReadInstruction(SourceLine& line);
+    void Store(std::uint8_t opcode, std::uint8_t second, std::size_t at);
+    void Resolve(const Use& use);
+    void Finish();
+
+    Assembly assembly_;
+    long line_ = 0;
+    std::size_t next_;
+    bool full_told_ = false;
+    bool anything_ = false;
+    std::vector<Label> labels_;  // by upper-case name
+    std::vector<Use> uses_;
+};
+
+Assembly Assembler::Run(std::string_view source) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (source.starts_with(kByteOrderMark)) source.remove_prefix(kByteOrderMark.size());
+    LineReader lines(source);
+    while (const auto line = lines.Next()) {
+        line_ = lines.number();
+        ReadLine(*line);
+    }
+    for (const Use& use : uses_) Resolve(use);
+    Finish();
+    return std::move(assembly_);
+}
+
+void Assembler::ReadLine(std::string_view utf8) {
+    std::size_t at = 0;
+    std::string why;
+    auto text = SourceLine::Statement(utf8, at, why);
+    if (!text) {
+        anything_ = true;
+        return Fault(at, why);
+    }
+    SourceLine line(std::move(*text));
+    anything_ = anything_ || !line.AtEnd();
+    while (ReadAt(line) || ReadLabel(line)) {
+    }
+    ReadStatement(line);
+}
+
+void Assembler::ReadStatement(SourceLine& line) {
+    if (line.AtEnd()) return;
+    if (UpperCase(line.Word()) == "TRIGGER") return ReadTrigger(line);
+    ReadInstruction(line);
+}
+
+// "at 40:"; true if the line goes on after it.
+bool Assembler::ReadAt(SourceLine& line) {
+    if (UpperCase(line.Word(":")) != "AT") return false;
+    SourceLine ahead = line;
+    ahead.Skip(2);
+    if (ahead.Next() == ':') return false;  // a label of this name
+    line = ahead;
+    const std::string_view word = line.Word(":");
+    const auto address = HexPair(word);
+    if (!address || *address < kFirstMacroAddress || *address > kLastAddress) {
+        Fault(line.at(),
+              (word.empty() ? "an address is missing" : Quoted(word) + " is wrong here") +
+                  ", \"at\" takes two hexadecimal digits from 10 to 7F");
+        line.Skip(line.Rest().size());
+        return false;
+    }
+    line.Skip(2);
+    if (line.Next() != ':') {
+        Fault(line.at(), "\":\" is expected after the address");
+        line.Skip(line.Rest().size());
+        return false;
+    }
+    line.Skip(1);
+    next_ = *address;
+    full_told_ = false;
+    return true;
+}
+
+bool Assembler::ReadLabel(SourceLine& line) {
+    const std::string name(line.Word(":"));
+    SourceLine ahead = line;
+    ahead.Skip(name.size());
+    if (ahead.Next() != ':') return false;
+    const std::size_t at = line.at();
+    ahead.Skip(1);
+    line = ahead;
+    if (!IsLabel(name)) {
+        Fault(at, Quoted(name) +
+                      " is not a label: letters, digits and \"_\", no digit first, and " +
+                      "not two hexadecimal digits");
+        return true;
+    }
+    const auto same = std::find_if(labels_.begin(), labels_.end(),
+                                   [&](const Label& each) { return each.name == UpperCase(name); });
+    if (same != labels_.end()) {
+        Fault(at, "label " + name + " stands in line " + std::to_string(same->line) +
+                      " already; give this one another name");
+        return true;
+    }
+    labels_.push_back({UpperCase(name), next_, line_});
+    assembly_.program.labels[name] = static_cast<std::uint8_t>(next_);
+    return true;
+}
+
+void Assembler::ReadTrigger(SourceLine& line) {
+    const SourcePlace place{line_, static_cast<int>(line.at()) + 1};
+    line.Skip(std::string_view("trigger").size());
+    int row = 0;
+    MacroProgram::Trigger trigger{.row = {"", "0", "00", false}, .place = place};
+    if (!ReadTriggerNumber(line, row) || !ReadTriggerName(line, trigger.row.name) ||
+        !ReadTriggerPage(line, trigger.row.page) || !ReadTriggerState(line, trigger.row.enabled) ||
+        !ReadTriggerAddress(line, row, trigger)) {
+        return;
+    }
+    if (!line.AtEnd()) {
+        return Fault(line.at(), Quoted(line.Word()) + " is too much, the trigger ends before it");
+    }
+    assembly_.program.triggers[static_cast<std::size_t>(row)] = trigger;
+}
+
+bool Assembler::ReadTriggerNumber(SourceLine& line, int& row) {
+    const std::string_view word = line.Word("\"");
+    if (word.size() != 1 || word[0] < '1' || word[0] > '8') {
+        Fault(line.at(), "a trigger has a number from 1 to 8");
+        return false;
+    }
+    row = word[0] - '1';
+    if (const auto& first = assembly_.program.triggers[static_cast<std::size_t>(row)]) {
+        Fault(line.at(), "trigger " + std::string(word) + " stands in line " +
+                             std::to_string(first->place.line) + " already");
+        return false;
+    }
+    line.Skip(1);
+    return true;
+}
+
+// A name must come back from the file: its line is trimmed there, and one with an apostrophe in
+// front would be a comment.
+bool Assembler::ReadTriggerName(SourceLine& line, std::string& name) {
+    const std::size_t start = line.at();
+    const auto fail = [this](std::size_t at, const char* text) {
+        Fault(at, text);
+        return false;
+    };
+    if (line.Next() != '"') return fail(start, "a name in double quotes is expected here");
+    for (line.Take(1); line.Next() != '"' || line.AtEnd(); line.Take(1)) {
+        if (line.AtEnd()) return fail(start, "the name has no closing quote");
+        if (line.Next() == '\\') {
+            line.Take(1);
+            if (line.Next() != '"' && line.Next() != '\\') {
+                return fail(line.at() - 1, "a backslash stands before a quote or a backslash only");
+            }
+        }
+        name += line.Next();
+    }
+    line.Take(1);
+    if (!line.AtEnd() && !IsBlank(line.Next())) {
+        return fail(line.at(), "a blank is expected after the name");
+    }
+    line.Skip(0);
+    if (name.size() > kLongestName) return fail(start, "a name has at most 14 characters");
+    if (name.empty() || name[0] == ' ' || name[0] == '\'') {
+        return fail(start,
+                    "a name that is empty or begins with a blank or an apostrophe can't be "
+                    "read back from a file; begin it with a letter");
+    }
+    return true;
+}
+
+bool Assembler::ReadTriggerPage(SourceLine& line, std::string& page) {
+    if (UpperCase(line.Word()) != "PAGE") return true;
+    line.Skip(std::string_view("page").size());
+    const std::string_view word = line.Word();
+    if (word.size() != 1 || word[0] < '0' || word[0] > '0' + kLastPage) {
+        Fault(line.at(), "a page is a number from 0 to 9");
+        return false;
+    }
+    page = word;
+    line.Skip(1);
+    return true;
+}
+
+bool Assembler::ReadTriggerState(SourceLine& line, bool& enabled) {
+    const std::string_view word = line.Word();
+    enabled = UpperCase(word) == "ENABLED";
+    if (!enabled && UpperCase(word) != "DISABLED") {
+        Fault(line.at(), "\"enabled\" or \"disabled\" is expected here");
+        return false;
+    }
+    line.Skip(word.size());
+    return true;
+}
+
+bool Assembler::ReadTriggerAddress(SourceLine& line, int row, MacroProgram::Trigger& trigger) {
+    const std::string word(line.Word());
+    const SourcePlace place{line_, static_cast<int>(line.at()) + 1};
+    if (const auto address = HexPair(word)) {
+        if (*address != 0 && !OperandInRange(Operand::kAddress, *address)) {
+            Fault(place, "address " + word +
+                             " is out of range, a trigger goes to 10 to 7E, or to " +
+                             "00 if it has no macro");
+            return false;
+        }
+        trigger.row.address = HexByte(*address);
+    } else if (IsLabel(word)) {
+        uses_.push_back({place, word, 0, row});
+    } else {
+        Fault(place, (word.empty() ? "an address is missing" : Quoted(word) + " is wrong here") +
+                         ", a trigger takes a label or two hexadecimal digits");
+        return false;
+    }
+    line.Skip(word.size());
+    return true;
+}
+
+void Assembler::ReadInstruction(SourceLine& line) {
+    const kestrane::ReadInstruction read = ReadInstructionText(line.Rest());
+    const std::size_t at = line.at();
+    if (read.fault) {
+        Fault(at + read.fault->at, FromByteText(read.fault->text));
+    } else if (read.label == ".") {
+        if (next_ > kLastJumpTarget) Fault(at + read.label_at, "a jump does not reach beyond 7E");
+    } else if (!read.label.empty()) {
+        uses_.push_back({{line_, static_cast<int>(at + read.label_at) + 1}, read.label, next_, -1});
+    }
+    Store(read.opcode, read.label == "." ? static_cast<std::uint8_t>(next_) : read.second, at);
+}
+
+void Assembler::Store(std::uint8_t opcode, std::uint8_t second, std::size_t at) {
+    MacroProgram& program = assembly_.program;
+    if (next_ > kLastAddress) {
+        if (!full_told_) Fault(at, "the program is full, its last address is 7F");
+        full_told_ = true;
+        return;
+    }
+    if (program.programmed.test(next_)) {
+        Fault(at, "address " + Hex(next_) + " is filled by line " +
+                      std::to_string(program.places[next_].line) +
+                      " already; go on at a free address with \"at\"");
+    } else {
+        program.programmed.set(next_);
+        program.places[next_] = {line_, static_cast<int>(at) + 1};
+        program.image.Set(2 * next_, opcode);
+        program.image.Set(2 * next_ + 1, second);
+    }
+    ++next_;
+}
+
+void Assembler::Resolve(const Use& use) {
+    const auto label = std::find_if(labels_.begin(), labels_.end(), [&](const Label& each) {
+        return each.name == UpperCase(use.name);
+    });
+    if (label == labels_.end()) {
+        return Fault(use.place, "label " + use.name + " is not defined; write \"" + use.name +
+                                    ":\" before an instruction");
+    }
+    if (label->address > kLastJumpTarget) {
+        return Fault(use.place,
+                     "label " + use.name + " is beyond 7E, which is as far as a jump " + "reaches");
+    }
+    if (use.trigger >= 0) {
+        auto& trigger = assembly_.program.triggers[static_cast<std::size_t>(use.trigger)];
+        if (trigger) trigger->row.address = Hex(label->address);
+    } else if (use.address <= kLastAddress &&
+               assembly_.program.places[use.address].line == use.place.line) {
+        assembly_.program.image.Set(2 * use.address + 1, static_cast<std::uint8_t>(label->address));
+    }
+}
+
+void Assembler::Finish() {
+    const MacroProgram& program = assembly_.program;
+    if (!anything_) {
+        Fault(SourcePlace{1, 1}, "nothing stands here; a program has an instruction at least");
+    }
+    if (program.programmed.test(kLastAddress) && program.image.Get(2 * kLastAddress + 1) != 0) {
+        Fault(program.places[kLastAddress],
+              "an upload clears the second byte at 7F, so that this operand does not reach the "
+              "unit; put the instruction at a lower address",
+              true);
+    }
+    std::stable_sort(assembly_.faults.begin(), assembly_.faults.end(),
+                     [](const SourceFault& a, const SourceFault& b) {
+                         return std::pair(a.place.line, a.place.column) <
+                                std::pair(b.place.line, b.place.column);
+                     });
+}
+
+}  // namespace
+
+bool Assembly::Good() const {
+    return std::all_of(faults.begin(), faults.end(),
+                       [](const SourceFault& fault) { return fault.is_warning; });
+}
+
+Assembly Assemble(std::string_view source, std::uint8_t first) {
+    return Assembler(first).Run(source);
+}
+
+}  // namespace kestrane
