@@ -6,17 +6,6 @@
 
 namespace kestrane {
 
-std::string ShownText(const std::string& byte_text) {
-    std::string shown;
-    for (const char c : byte_text) {
-        const auto byte = static_cast<std::uint8_t>(c);
-        // Control codes, those from 0x80 on as well, would work on the terminal.
-        const bool control_code = byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
-        shown += control_code ? "\\x" + HexByte(byte) : FromByteText({&c, 1});
-    }
-    return shown;
-}
-
 std::string ShownValue(const Control& control) {
     const Value value = control.Properties().front().second;
     if (const auto* text = std::get_if<std::string>(&value)) return ShownText(*text);

@@ -35,9 +35,10 @@ const std::map<std::string, Folders> kMayInclude = {
     {"macro", Join(kLink, {"simulation"})},
     {"help", kLink},
     {"tool", Join(kLink, kTopics)},
-    {"console", kTool},
-    {"cli", Join(kTool, {"console"})},
-    {"forms", kTool},
+    {"configuration", kTool},
+    {"console", Join(kTool, {"configuration"})},
+    {"cli", Join(kTool, {"configuration", "console"})},
+    {"forms", Join(kTool, {"configuration"})},
     {"host", {"text", "platform"}},
     {"unit", {"text", "simulation"}},
 };
