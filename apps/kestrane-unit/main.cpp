@@ -1,95 +1,75 @@
-// kestrane-unit: a demo unit on its own.
+// kestrane-unit: a demo unit on its own, or a row of them.
 
-#include <fcntl.h>
-#include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QNetworkProxy>
-#include <QSocketNotifier>
-#include <array>
+#include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <string>
 
+#include "host/descriptors.h"
+#include "host/input_lines.h"
+#include "host/output_lines.h"
+#include "host/signal_watch.h"
 #include "program_options.h"
-#include "standard_input.h"
-#include "unit/unit_server.h"
+#include "unit_row.h"
 
 namespace {
 
 using kestrane::unit::ProgramOptions;
+using kestrane::unit::UnitRow;
 using kestrane::unit::UnitServer;
-
-// Written by the signal handler, read by the event loop: the one way to get from there to here.
-std::array<int, 2> signal_pipe{-1, -1};
-
-void OnSignal(int) {
-    const char byte = 0;
-    [[maybe_unused]] const ssize_t written = write(signal_pipe[1], &byte, 1);
-}
-
-// A closed standard descriptor would be given to the first socket, which would then get our
-// printing.
-void OpenStandardDescriptors() {
-    for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
-        if (fcntl(descriptor, F_GETFD) == -1) {
-            [[maybe_unused]] const int opened = open("/dev/null", O_RDWR);
-        }
-    }
-}
-
-void CatchSignals() {
-    if (pipe2(signal_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-    struct sigaction action {};
-    action.sa_handler = OnSignal;
-    action.sa_flags = SA_RESTART;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-    signal(SIGPIPE, SIG_IGN);
-}
-
-void Print(const std::string& line) {
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fputc('\n', stdout);
-    std::fflush(stdout);
-}
 
 void Complain(const std::string& line) {
     std::fprintf(stderr, "kestrane-unit: %s\n", line.c_str());
 }
 
-std::string ReadyLine(const UnitServer& server) {
-    const auto& ports = server.Ports();
-    return "{\"ports\":[" + std::to_string(ports[0]) + "," + std::to_string(ports[1]) + "," +
-           std::to_string(ports[2]) + "],\"versions\":" + std::to_string(server.VersionsPort()) +
-           "}";
+// Takes as many file handles as the system gives, and says how many control connections a unit
+// may then hold so that its versions page can still be had.
+std::size_t MostConnections() {
+    constexpr rlim_t kOfTheProgram = 24;
+    constexpr rlim_t kEnough = 64;
+    rlimit handles{};
+    if (getrlimit(RLIMIT_NOFILE, &handles) != 0) return kEnough;
+    handles.rlim_cur = handles.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &handles);
+    getrlimit(RLIMIT_NOFILE, &handles);
+    if (handles.rlim_cur < kOfTheProgram) return 1;
+    return std::clamp<rlim_t>((handles.rlim_cur - kOfTheProgram) / 2, 1, kEnough);
 }
 
 int Run(ProgramOptions options) {
-    if (options.log) options.server.log = Print;
-    options.server.warn = Complain;
-    UnitServer server(std::move(options.server));
-    const UnitServer::Started started = server.Listen();
+    options.server.most_connections = MostConnections();
+    kestrane::OutputLines output(STDOUT_FILENO);
+    UnitRow units(
+        options, [&output](const std::string& line) { output.Write(line); }, Complain);
+    const UnitServer::Started started = units.Listen();
     if (started.result != UnitServer::Start::kReady) {
         Complain(started.error);
         return started.result == UnitServer::Start::kNoPort ? 1 : 2;
     }
-    QSocketNotifier signalled(signal_pipe[0], QSocketNotifier::Read);
-    QObject::connect(&signalled, &QSocketNotifier::activated, [] { QCoreApplication::quit(); });
-    const kestrane::unit::StandardInput input([&server](const std::string& line) {
-        const std::string answer = server.Hand(line);
-        if (!answer.empty()) std::fprintf(stderr, "%s\n", answer.c_str());
-    });
-    Print(ReadyLine(server));
+    const kestrane::SignalWatch watch([](int) { QCoreApplication::quit(); });
+    const kestrane::InputLines input(
+        STDIN_FILENO,
+        [&units](const kestrane::InputLine& line) {
+            const std::string answer = units.Hand(line.text);
+            if (!answer.empty()) std::fprintf(stderr, "%s\n", answer.c_str());
+        },
+        [] {});
+    for (const std::string& line : units.ReadyLines()) output.Write(line);
     QCoreApplication::exec();
-    server.Stop();
+    units.Stop();
     return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    OpenStandardDescriptors();
+    kestrane::OpenStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN);
     ProgramOptions options = kestrane::unit::ParseProgramOptions(argc, argv);
     if (options.finished) {
         if (options.exit_status == 0) {
@@ -99,7 +79,6 @@ int main(int argc, char** argv) {
         }
         return options.exit_status;
     }
-    CatchSignals();
     QCoreApplication application(argc, argv);
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);
     return Run(std::move(options));

@@ -76,7 +76,8 @@ void FillPrivileges(Boards& boards) {
 }
 
 void FillRelay(BoardMemory& relay, const UnitOptions& options) {
-    relay.Write(relay::kSerial, Bytes({0x35, 0x30, 0x42, 0x67}));
+    const int serial = 0x304267 + options.number - 1;
+    relay.Write(relay::kSerial, Bytes({0x35, serial >> 16, serial >> 8, serial}));
     relay.Set(relay::kId, 1);
     const auto version = VersionOf(Board::kRelay, options).version;
     relay.Write(relay::kVersion, Bytes({version[0], version[1], version[2]}));
@@ -110,7 +111,7 @@ void FillNames(BoardMemory& display) {
     }
 }
 
-void FillNetwork(BoardMemory& display) {
+void FillNetwork(BoardMemory& display, const UnitOptions& options) {
     display.Write(display::kNetbiosName, PadRight("KESTRANE-MDU", kBlock));
     display.Write(display::kAddresses, Bytes({192, 168, 10, 100, 255, 255, 255, 0,  //
                                               192, 168, 10, 1, 192, 168, 10, 2}));
@@ -119,7 +120,8 @@ void FillNetwork(BoardMemory& display) {
     StoreControlPorts(display, {1243, 1244, 1245});
     display.Write(display::kPorts + 14, Bytes({12, 0x1E}));
     display.Write(display::kLocation, PadRight("Comms Room 2", kBlock));
-    display.Write(display::kUnitName, PadRight("MDU Rack 4", kBlock));
+    const std::string name = "MDU Rack " + std::to_string(options.number + 3);
+    display.Write(display::kUnitName, PadRight(name, kBlock));
     display.Write(display::kSysContact, PadRight("Network Desk", kBlock));
     display.Write(display::kTriggersEnd, Blank(2 * kBlock));
     display.Write(display::kWebSalt, HexPairs(kSalt));
@@ -136,7 +138,7 @@ Boards DefaultBoards(const UnitOptions& options) {
     Boards boards;
     FillRelay(boards.relay, options);
     FillNames(boards.display);
-    FillNetwork(boards.display);
+    FillNetwork(boards.display, options);
     FillPrivileges(boards);
     return boards;
 }

@@ -1,5 +1,6 @@
 #include "unit/faults.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -16,7 +17,9 @@ constexpr std::array kFaultNames{
     FaultName{"delay", FaultKind::kDelay},   FaultName{"split", FaultKind::kSplit},
     FaultName{"silent", FaultKind::kSilent}, FaultName{"corrupt", FaultKind::kCorrupt},
     FaultName{"refuse", FaultKind::kRefuse}, FaultName{"close", FaultKind::kClose},
-    FaultName{"reset", FaultKind::kReset},
+    FaultName{"reset", FaultKind::kReset},   FaultName{"deny", FaultKind::kDeny},
+    FaultName{"echo", FaultKind::kEcho},     FaultName{"short", FaultKind::kShort},
+    FaultName{"flood", FaultKind::kFlood},
 };
 
 constexpr int kLongestDelay = 600'000;
@@ -74,8 +77,9 @@ ParsedFaults ParseFaults(std::string_view text) {
         }
         return {{},
                 "\"" + std::string(entry) +
-                    "\" is no fault; known are delay:MS, split, silent, corrupt, refuse, close "
-                    "and reset, each with an optional :PROBABILITY from 0 to 1"};
+                    "\" is not a fault; known are delay:MS, split, silent, corrupt, echo, short, "
+                    "deny, flood, refuse, close and reset, each with an optional :PROBABILITY "
+                    "from 0 to 1"};
     }
     return parsed;
 }
@@ -105,8 +109,19 @@ Milliseconds FaultDice::DrawDelay() {
     return delay;
 }
 
+std::string FaultDice::Spoil(std::string reply, std::size_t echo_size) {
+    const std::size_t echo = std::min(echo_size, reply.size());
+    if (Strikes(FaultKind::kShort)) reply.resize(echo + (reply.size() - echo) / 2);
+    if (Strikes(FaultKind::kEcho)) {
+        const std::size_t place = Below(echo);
+        reply[place] = static_cast<char>(reply[place] ^ (1 << Below(8)));
+    }
+    return reply;
+}
+
 std::vector<WireStep> FaultDice::Plan(std::string frame) {
     const Milliseconds delay = DrawDelay();
+    if (Strikes(FaultKind::kFlood)) return {{delay, {}, WireStep::End::kFlood}};
     if (Strikes(FaultKind::kReset)) return {{delay, {}, WireStep::End::kReset}};
     if (Strikes(FaultKind::kClose)) {
         return {{delay, frame.substr(0, frame.size() / 2), WireStep::End::kClose}};

@@ -3,10 +3,13 @@
 // Faults on purpose, so that the tool can be tried on a bad link. A fault text is a list joined by
 // commas; each entry may end in a probability from 0 to 1, and without one it strikes every time:
 //
-//   delay:MS[:P]  the reply comes later        corrupt[:P]  one bit of the reply is flipped
-//   split[:P]     it comes in two pieces       refuse[:P]   a new connection is closed at once
-//   silent[:P]    the frame is not heard       close[:P]    closes in the middle of the reply
-//                                              reset[:P]    resets the connection, no reply
+//   delay:MS[:P]  the reply comes later          deny[:P]    refused, as for want of a right
+//   split[:P]     it comes in two pieces         echo[:P]    one bit of the echo is flipped
+//   corrupt[:P]   one bit of the reply is        short[:P]   half of the data behind the echo
+//                 flipped                                    is left out
+//   silent[:P]    the frame is not heard         flood[:P]   noise without an end, no reply
+//   refuse[:P]    a new connection is closed     close[:P]   closes in the middle of the reply
+//                 at once                        reset[:P]   resets the connection, no reply
 //
 // The draws come from a seeded generator: the same seed and traffic give the same faults.
 
@@ -29,6 +32,10 @@ enum class FaultKind : std::uint8_t {
     kRefuse,
     kClose,
     kReset,
+    kDeny,
+    kEcho,
+    kShort,
+    kFlood,
 };
 
 struct Fault {
@@ -47,7 +54,7 @@ ParsedFaults ParseFaults(std::string_view text);
 
 // One thing to do on the connection, `wait` after the thing before it.
 struct WireStep {
-    enum class End : std::uint8_t { kNone, kClose, kReset };
+    enum class End : std::uint8_t { kNone, kClose, kReset, kFlood };
 
     Milliseconds wait{0};
     std::string bytes;
@@ -63,6 +70,10 @@ class FaultDice {
 
     bool RefusesConnection() { return Strikes(FaultKind::kRefuse); }
     bool SwallowsFrame() { return Strikes(FaultKind::kSilent); }
+    bool Denies() { return Strikes(FaultKind::kDeny); }
+
+    // A reply text as echo and short leave it; it begins with an echo of this length.
+    std::string Spoil(std::string reply, std::size_t echo_size);
 
     // How a reply frame, at least two bytes long, goes out.
     std::vector<WireStep> Plan(std::string frame);

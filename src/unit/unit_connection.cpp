@@ -2,6 +2,7 @@
 
 #include <sys/socket.h>
 
+#include <chrono>
 #include <utility>
 
 namespace kestrane::unit {
@@ -10,6 +11,12 @@ namespace {
 // A client that sends and never reads is cut off here.
 constexpr qint64 kMostUnread = 1 << 20;
 constexpr std::size_t kMostSteps = 10'000;
+// Of what has come: the rest waits in the network, so that a burst costs no memory.
+constexpr qint64 kReadAtOnce = 1 << 16;
+constexpr std::chrono::seconds kLongestClosing{2};
+// 6 MB a second.
+constexpr Milliseconds kFloodPause{10};
+constexpr qsizetype kFloodBytes = 1 << 16;
 
 }  // namespace
 
@@ -17,6 +24,7 @@ UnitConnection::UnitConnection(QTcpSocket* socket, Handler handler, QObject* par
     : QObject(parent), socket_(socket), handler_(std::move(handler)), timer_(this) {
     socket_->setParent(this);
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    socket_->setReadBufferSize(kReadAtOnce);
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     connect(&timer_, &QTimer::timeout, this, [this] {
@@ -28,12 +36,15 @@ UnitConnection::UnitConnection(QTcpSocket* socket, Handler handler, QObject* par
     connect(socket_, &QTcpSocket::readyRead, this, [this] { Read(); });
     connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
     Read();
+    // It may have ended before anybody listened.
+    if (socket_->state() == QAbstractSocket::UnconnectedState) deleteLater();
 }
 
 void UnitConnection::Close() {
     steps_.clear();
     timer_.stop();
     socket_->disconnectFromHost();
+    QTimer::singleShot(kLongestClosing, this, [this] { socket_->abort(); });
 }
 
 void UnitConnection::Reset() {
@@ -78,6 +89,14 @@ void UnitConnection::Perform(const WireStep& step) {
     }
     if (step.end == WireStep::End::kClose) Close();
     if (step.end == WireStep::End::kReset) Reset();
+    if (step.end == WireStep::End::kFlood) Flood();
+}
+
+// For as long as the client stays.
+void UnitConnection::Flood() {
+    if (socket_->state() != QAbstractSocket::ConnectedState) return;
+    if (socket_->bytesToWrite() < kFloodBytes) socket_->write(QByteArray(kFloodBytes, '\x5A'));
+    QTimer::singleShot(kFloodPause, this, [this] { Flood(); });
 }
 
 }  // namespace kestrane::unit

@@ -25,6 +25,7 @@ class UnitConnection : public QObject {
     // Takes over the socket and deletes itself when the connection has ended.
     UnitConnection(QTcpSocket* socket, Handler handler, QObject* parent);
 
+    // What is on its way is sent first, if the client takes it within two seconds.
     void Close();
     // A TCP reset in place of an orderly end.
     void Reset();
@@ -32,6 +33,7 @@ class UnitConnection : public QObject {
   private:
     void Read();
     void SendNext();
+    void Flood();
     void Perform(const WireStep& step);
 
     QTcpSocket* socket_;

@@ -4,8 +4,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHostAddress>
-#include <QHttpServer>
-#include <QHttpServerResponse>
 #include <QPointer>
 #include <QSaveFile>
 #include <QTcpServer>
@@ -15,10 +13,12 @@
 #include <utility>
 
 #include "text/text.h"
+#include "unit/accept_again.h"
 #include "unit/defaults.h"
 #include "unit/hand_commands.h"
 #include "unit/state.h"
 #include "unit/unit_connection.h"
+#include "unit/versions_server.h"
 
 namespace kestrane::unit {
 namespace {
@@ -43,6 +43,11 @@ std::string Spaced(std::string_view frame) {
     return text;
 }
 
+// What a unit says to a command for which the port lacks the right.
+std::optional<std::string> Refusal(const std::string& command) {
+    return command.substr(0, 2) + '\x16';
+}
+
 std::string FileProblem(const std::string& file, const std::string& problem) {
     return "the state file " + file + " " + problem;
 }
@@ -65,7 +70,7 @@ class UnitServer::Impl : public QObject {
     ServerOptions options_;
     std::optional<Unit> unit_;
     std::array<std::uint16_t, kControlPorts> ports_{};
-    std::uint16_t versions_port_ = 0;
+    VersionsServer versions_;
 
   private:
     std::string LoadState();
@@ -80,7 +85,6 @@ class UnitServer::Impl : public QObject {
     QElapsedTimer clock_;
     FaultDice dice_;
     std::array<QTcpServer, kControlPorts> servers_;
-    std::unique_ptr<QHttpServer> http_;
     std::vector<QPointer<UnitConnection>> connections_;
     QTimer tick_;
     bool started_ = false;
@@ -143,34 +147,28 @@ std::string UnitServer::Impl::ListenOn(int port) {
     }
     ports_[index] = server.serverPort();
     connect(&server, &QTcpServer::newConnection, this, [this, port] { Accept(port); });
+    AcceptAgain(server);
     return {};
 }
 
 std::string UnitServer::Impl::ListenForVersions() {
-    auto tcp = std::make_unique<QTcpServer>();
-    if (!tcp->listen(AddressOf(options_.host), options_.versions_port)) {
-        return "can't listen on " + options_.host + " port " +
-               std::to_string(options_.versions_port) +
-               " for the versions page: " + tcp->errorString().toStdString();
-    }
-    versions_port_ = tcp->serverPort();
-    http_ = std::make_unique<QHttpServer>();
-    http_->route("/kestraneversions/", [] {
-        return QHttpServerResponse("text/plain", QByteArray::fromStdString(VersionsPage()));
-    });
-    http_->bind(tcp.release());  // takes it over
-    return {};
+    if (!options_.serves_versions) return {};
+    const std::string error =
+        versions_.Listen(AddressOf(options_.host), options_.versions_port);
+    if (error.empty()) return {};
+    return "can't listen on " + options_.host + " port " + std::to_string(options_.versions_port) +
+           " for the versions page: " + error;
 }
 
 void UnitServer::Impl::Accept(int port) {
     QTcpServer& server = servers_[static_cast<std::size_t>(port - 1)];
     while (QTcpSocket* socket = server.nextPendingConnection()) {
-        if (dice_.RefusesConnection()) {
+        std::erase_if(connections_, [](const auto& connection) { return connection.isNull(); });
+        if (dice_.RefusesConnection() || connections_.size() >= options_.most_connections) {
             socket->abort();
             socket->deleteLater();
             continue;
         }
-        std::erase_if(connections_, [](const auto& connection) { return connection.isNull(); });
         const auto handle = [this, port](const std::string& text) { return Handle(port, text); };
         connections_.emplace_back(new UnitConnection(socket, handle, this));
     }
@@ -179,12 +177,12 @@ void UnitServer::Impl::Accept(int port) {
 std::vector<WireStep> UnitServer::Impl::Handle(int port, const std::string& command) {
     Log("received", port, EncodeFrame(command));
     if (dice_.SwallowsFrame()) return {};
-    const auto reply = unit_->Execute(port, command, Now());
+    const auto reply = dice_.Denies() ? Refusal(command) : unit_->Execute(port, command, Now());
     if (unit_->TakeEthernetReset()) {
         QTimer::singleShot(kEthernetResetAfter, this, [this] { CloseConnections(); });
     }
     if (!reply) return {};
-    std::vector<WireStep> steps = dice_.Plan(EncodeFrame(*reply));
+    std::vector<WireStep> steps = dice_.Plan(EncodeFrame(dice_.Spoil(*reply, command.size())));
     steps.front().wait += options_.latency;
     for (const WireStep& step : steps) {
         if (!step.bytes.empty()) Log("sent", port, step.bytes);
@@ -231,7 +229,7 @@ void UnitServer::Impl::Stop() {
     tick_.stop();
     for (QTcpServer& server : servers_) server.close();
     CloseConnections();
-    http_.reset();
+    versions_.Close();
     SaveState();
 }
 
@@ -243,7 +241,7 @@ UnitServer::Started UnitServer::Listen() { return impl_->Listen(); }
 
 const std::array<std::uint16_t, kControlPorts>& UnitServer::Ports() const { return impl_->ports_; }
 
-std::uint16_t UnitServer::VersionsPort() const { return impl_->versions_port_; }
+std::uint16_t UnitServer::VersionsPort() const { return impl_->versions_.Port(); }
 
 std::string UnitServer::Hand(std::string_view line) {
     return ApplyHandCommand(*impl_->unit_, line, impl_->Now());

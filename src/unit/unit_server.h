@@ -6,6 +6,7 @@
 // also live inside the tool; a QCoreApplication must exist.
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -24,6 +25,8 @@ struct ServerOptions {
     std::string host = "127.0.0.1";
     std::array<std::uint16_t, kControlPorts> ports{};  // A, B, C; 0 is any free port
     std::uint16_t versions_port = 0;                   // 0 is any free port
+    bool serves_versions = true;
+    std::size_t most_connections = 64;  // at once, on the control ports together
     Milliseconds latency{0};                           // before each reply
     std::vector<Fault> faults;
     std::uint32_t seed = 1;
@@ -52,7 +55,7 @@ class UnitServer {
     Started Listen();
 
     const std::array<std::uint16_t, kControlPorts>& Ports() const;
-    std::uint16_t VersionsPort() const;
+    std::uint16_t VersionsPort() const;  // 0 where it serves none
 
     // A hand at the unit; the line and its answer are those of ApplyHandCommand.
     std::string Hand(std::string_view line);
