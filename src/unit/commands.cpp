@@ -77,10 +77,12 @@ Reply WriteMemory(const Request& request) {
 }
 
 // The loader would wait for an image; a demo unit has none to wait for and goes on.
-Reply EnterBootloader(const Request& request) { return request.Echo(); }
+Reply EnterBootloader(const Request& request) {
+    return request.Argument(4) == 0x01 ? Reply(request.Echo()) : std::nullopt;
+}
 
 Reply ResetEthernet(const Request& request) {
-    request.machine.ethernet_reset = true;
+    request.machine.ethernet_reset = request.arguments == std::string_view("\x03\0", 2);
     return std::nullopt;
 }
 

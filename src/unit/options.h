@@ -11,8 +11,8 @@ using simulation::UnitType;
 
 struct UnitOptions {
     UnitType type = UnitType::kCms;
-    int number = 1;  // in a row of units, which differ in serial number and name
     bool old_firmware = false;  // a relay board before 1.4.3: no 1-Wire memory commands
+    int number = 1;  // in a row of units, which differ in serial number and name
 };
 
 }  // namespace kestrane::unit

@@ -3,7 +3,9 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -11,6 +13,7 @@
 #include <vector>
 
 #include "host/input_lines.h"
+#include "host/output_lines.h"
 #include "host/signal_watch.h"
 #include "host_test_support.h"
 
@@ -55,6 +58,39 @@ TEST(LineSplitter, CutsAtAnyBoundaryAndMarksWhatIsTooLong) {
                                                 "a\rb", "abcde+", "last"};
         EXPECT_EQ(seen, expected) << "in pieces of " << piece;
     }
+}
+
+// A reader that takes nothing costs neither time nor memory, and learns what it has missed.
+TEST(OutputLines, NeverBlockAndCountWhatIsLeftOut) {
+    HostServices host;
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    OutputLines output(ends[1]);
+    const std::string line(999, 'x');
+    for (int i = 0; i < 3000; ++i) output.Write(line);
+    std::string received;
+    std::array<char, 65536> bytes;
+    const auto read_some = [&] {
+        const auto count = read(ends[0], bytes.data(), bytes.size());
+        received.append(bytes.data(), count > 0 ? static_cast<std::size_t>(count) : 0);
+    };
+    while (received.size() < OutputLines::kMostWaiting) {
+        read_some();
+        QCoreApplication::processEvents();
+    }
+    output.Write("last");
+    EXPECT_TRUE(PumpUntil(host.loop, [&] {
+        read_some();
+        return received.ends_with("last\n");
+    }));
+    const std::size_t note = received.find("# ");
+    EXPECT_EQ(note % 1000, 0u);
+    EXPECT_EQ(received.substr(note),
+              "# " + std::to_string(3000 - note / 1000) + " lines left out\nlast\n");
+    close(ends[0]);
+    std::signal(SIGPIPE, SIG_IGN);
+    for (int i = 0; i < 3000; ++i) output.Write(line);
+    close(ends[1]);
 }
 
 TEST(InputLines, ALineComesWhileTheHandlingOfTheOneBeforePumps) {

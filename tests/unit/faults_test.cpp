@@ -6,8 +6,9 @@ namespace kestrane::unit {
 namespace {
 
 TEST(ParseFaults, TakesEachFaultWithAndWithoutProbability) {
-    const ParsedFaults parsed =
-        ParseFaults("delay:200,delay:50:0.5,split:0.3,silent,corrupt,refuse,close,reset:0");
+    const ParsedFaults parsed = ParseFaults(
+        "delay:200,delay:50:0.5,split:0.3,silent,corrupt,refuse,close,reset:0,deny,"
+        "echo,short,flood:1");
     EXPECT_EQ(parsed.error, "");
     const std::vector<Fault> expected{{FaultKind::kDelay, 1, Milliseconds{200}},
                                       {FaultKind::kDelay, 0.5, Milliseconds{50}},
@@ -16,7 +17,11 @@ TEST(ParseFaults, TakesEachFaultWithAndWithoutProbability) {
                                       {FaultKind::kCorrupt},
                                       {FaultKind::kRefuse},
                                       {FaultKind::kClose},
-                                      {FaultKind::kReset, 0}};
+                                      {FaultKind::kReset, 0},
+                                      {FaultKind::kDeny},
+                                      {FaultKind::kEcho},
+                                      {FaultKind::kShort},
+                                      {FaultKind::kFlood}};
     EXPECT_EQ(parsed.faults, expected);
 }
 
@@ -50,6 +55,11 @@ TEST(FaultDice, PlansWhatEachFaultSays) {
         int differing = 0;
         for (std::size_t i = 0; i < frame.size(); ++i) differing += corrupt[0].bytes[i] != frame[i];
         EXPECT_EQ(differing, 1);
+
+        const std::string spoilt =
+            FaultDice(ParseFaults("echo,short").faults, seed).Spoil("echo12345678", 4);
+        EXPECT_EQ(spoilt.substr(4), "1234");
+        EXPECT_NE(spoilt.substr(0, 4), "echo");
     }
     const auto close = PlanWith("close", frame);
     EXPECT_EQ(close[0].bytes, "01234");

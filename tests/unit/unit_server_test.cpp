@@ -7,7 +7,9 @@
 #include <QFile>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <functional>
+#include <memory>
 
 #include "unit/defaults.h"
 #include "unit_test_support.h"
@@ -28,8 +30,10 @@ class UnitServerTest : public testing::Test {
         return true;
     }
     static void Connect(QTcpSocket& socket, std::uint16_t port) {
+        bool connected = false;
+        QObject::connect(&socket, &QTcpSocket::connected, &socket, [&] { connected = true; });
         socket.connectToHost("127.0.0.1", port);
-        ASSERT_TRUE(Until([&] { return socket.state() == QAbstractSocket::ConnectedState; }));
+        ASSERT_TRUE(Until([&] { return connected; }));
     }
     // The text of the reply.
     static std::string Exchange(QTcpSocket& socket, std::initializer_list<int> text) {
@@ -72,18 +76,69 @@ TEST_F(UnitServerTest, ServesThreePortsAndStoresTheirNumbers) {
     EXPECT_EQ(log.back(), "sent C 10 02 FA 61 16 71 10 03");
 }
 
-TEST_F(UnitServerTest, GivesTheVersionsPage) {
+// Each leaves the page to be had, and is closed.
+TEST_F(UnitServerTest, GivesTheVersionsPageWhateverOthersAsk) {
     UnitServer server{ServerOptions{}};
     ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
-    QTcpSocket http;
-    Connect(http, server.VersionsPort());
-    http.write("GET /kestraneversions/ HTTP/1.1\r\nHost: localhost\r\n\r\n");
-    QByteArray answer;
+    const auto ask = [&](const QByteArray& request) {
+        QTcpSocket http;
+        Connect(http, server.VersionsPort());
+        http.write(request);
+        QByteArray answer;
+        EXPECT_TRUE(Until([&] {
+            answer += http.readAll();
+            return http.state() == QAbstractSocket::UnconnectedState;
+        })) << request.left(40).toStdString();
+        return answer;
+    };
+    const QByteArray get = "GET /kestraneversions/ HTTP/1.1\r\nHost: x\r\n\r\n";
+    const QByteArray page = QByteArray::fromStdString("\r\n\r\n" + VersionsPage());
+    std::vector<std::unique_ptr<QTcpSocket>> idle(40);
+    for (auto& socket : idle) {
+        socket = std::make_unique<QTcpSocket>();
+        Connect(*socket, server.VersionsPort());
+        socket->write("GET /kestranever");
+    }
+    struct Case {
+        QByteArray request, beginning;
+    };
+    for (const Case& c : {
+             Case{"GET /other HTTP/1.1\r\n\r\n", "HTTP/1.1 404"},
+             Case{"DELETE /kestraneversions/ HTTP/1.1\r\n\r\n", "HTTP/1.1 405"},
+             Case{"\r\n\r\n", "HTTP/1.1 400"},
+             Case{QByteArray(9000, 'x'), "HTTP/1.1 431"},
+             Case{"GET /kestraneversions/?a HTTP/1.1\r\n\r\n", "HTTP/1.1 200"},
+             Case{get, "HTTP/1.1 200"},
+         }) {
+        EXPECT_TRUE(ask(c.request).startsWith(c.beginning)) << c.beginning.toStdString();
+    }
+    EXPECT_TRUE(ask(get).endsWith(page));
+    EXPECT_FALSE(ask("HEAD" + get.mid(3)).endsWith(page));
+}
+
+TEST_F(UnitServerTest, OutlivesMoreConnectionsThanItHolds) {
+    ServerOptions options;
+    options.most_connections = 4;
+    UnitServer server(options);
+    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    std::vector<std::unique_ptr<QTcpSocket>> sockets(60);
+    for (auto& socket : sockets) {
+        socket = std::make_unique<QTcpSocket>();
+        Connect(*socket, server.Ports()[0]);
+    }
+    const auto open = [&] {
+        return std::count_if(sockets.begin(), sockets.end(), [](const auto& socket) {
+            return socket->state() == QAbstractSocket::ConnectedState;
+        });
+    };
+    EXPECT_TRUE(Until([&] { return open() == 4; }));
+    EXPECT_EQ(Exchange(*sockets[0], {kRelayByte, 0x21}).size(), 6u);
+    sockets.clear();
     EXPECT_TRUE(Until([&] {
-        answer += http.readAll();
-        return answer.endsWith(QByteArray::fromStdString("\r\n\r\n" + VersionsPage()));
+        QTcpSocket again;
+        Connect(again, server.Ports()[0]);
+        return Exchange(again, {kRelayByte, 0x21}).size() == 6u;
     }));
-    EXPECT_TRUE(answer.startsWith("HTTP/1.1 200"));
 }
 
 TEST_F(UnitServerTest, ClosesConnectionsAfterAnEthernetReset) {
@@ -103,27 +158,36 @@ TEST_F(UnitServerTest, ClosesConnectionsAfterAnEthernetReset) {
     EXPECT_EQ(Exchange(again, {kRelayByte, 0x21}).size(), 6u);
 }
 
-TEST_F(UnitServerTest, ResetsAndClosesByFault) {
-    for (const char* fault : {"reset", "close"}) {
+TEST_F(UnitServerTest, PassesFaultsOn) {
+    struct Case {
+        const char* fault;
+        std::string answer;  // to a read of two bytes
+    };
+    const std::string echo = Bytes({kRelayByte, 0x11, 0x00, 0x04, 2});
+    for (const Case& c :
+         {Case{"reset", "silence"}, Case{"close", "silence"}, Case{"refuse", "silence"},
+          Case{"deny", echo.substr(0, 2) + '\x16'}, Case{"short", echo + '\x01'}}) {
         ServerOptions options;
-        options.faults = ParseFaults(fault).faults;
+        options.faults = ParseFaults(c.fault).faults;
         UnitServer server(options);
         ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
         QTcpSocket socket;
         Connect(socket, server.Ports()[0]);
-        EXPECT_EQ(Exchange(socket, {kRelayByte, 0x21}), "silence") << fault;
-        EXPECT_NE(socket.state(), QAbstractSocket::ConnectedState) << fault;
+        EXPECT_EQ(Exchange(socket, {kRelayByte, 0x11, 0x00, 0x04, 2}), c.answer) << c.fault;
     }
 }
 
-TEST_F(UnitServerTest, RefusesConnectionsByFault) {
+// It goes on for as long as the client stays, and costs the unit no memory when nobody reads.
+TEST_F(UnitServerTest, FloodsByFault) {
     ServerOptions options;
-    options.faults = ParseFaults("refuse").faults;
+    options.faults = ParseFaults("flood").faults;
     UnitServer server(options);
     ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
     QTcpSocket socket;
-    socket.connectToHost("127.0.0.1", server.Ports()[0]);
-    EXPECT_TRUE(Until([&] { return socket.state() == QAbstractSocket::UnconnectedState; }));
+    Connect(socket, server.Ports()[0]);
+    socket.write(QByteArray::fromHex("1002FA211B1003"));
+    qint64 received = 0;
+    EXPECT_TRUE(Until([&] { return (received += socket.readAll().size()) > 300'000; }));
 }
 
 TEST_F(UnitServerTest, KeepsItsMemoryInAFileAndRefusesABadOne) {
