@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "bars.h"
 #include "macro/instruction_set.h"
 
 namespace {
@@ -36,4 +37,8 @@ BENCHMARK(BM_DecodeAllPairsAsNewTexts)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    using kestrane::Bar;
+    return kestrane::RunWithBars(
+        argc, argv, {{"BM_DecodeAllPairs", "items_per_second", Bar::Side::kAtLeast, 5e6}});
+}

@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bars.h"
 #include "macro/instruction_set.h"
 #include "macro/listing.h"
 #include "screen/screen.h"
@@ -56,4 +57,9 @@ BENCHMARK(BM_ClearMemory)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    using kestrane::Bar;
+    return kestrane::RunWithBars(argc, argv,
+                                 {{"BM_RefreshListing", "", Bar::Side::kAtMost, 20},
+                                  {"BM_ClearMemory", "", Bar::Side::kAtMost, 50000}});
+}

@@ -2,6 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bars.h"
 #include "macro/macro_file.h"
 
 namespace {
@@ -41,4 +42,8 @@ BENCHMARK(BM_SaveAndLoad)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    using kestrane::Bar;
+    return kestrane::RunWithBars(
+        argc, argv, {{"BM_SaveAndLoad", "items_per_second", Bar::Side::kAtLeast, 2000}});
+}

@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bars.h"
 #include "support/virtual_platform.h"
 #include "tool/tool.h"
 
@@ -32,4 +33,8 @@ BENCHMARK(BM_KeyPressInAPasswordBox)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    using kestrane::Bar;
+    return kestrane::RunWithBars(argc, argv,
+                                 {{"BM_KeyPressInAPasswordBox", "", Bar::Side::kAtMost, 100}});
+}

@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include "bars.h"
 #include "support/unit_peer.h"
 #include "support/virtual_platform.h"
 #include "tool/tool.h"
@@ -34,4 +35,8 @@ BENCHMARK(SettingsRead)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    using kestrane::Bar;
+    return kestrane::RunWithBars(argc, argv,
+                                 {{"SettingsRead", "reads/s", Bar::Side::kAtLeast, 200}});
+}

@@ -31,8 +31,8 @@ class SHAAlgorithm {
     std::vector<std::uint32_t> ConvertToWordArray(std::span<const std::uint8_t> Message);
 
   private:
-    // Run for a known strategy: with the final class the compiler sees through the calls, which
-    // a virtual call for each round would cost several times over.
+    // Run for a strategy as it is or for any: with the final class the compiler sees through the
+    // calls and keeps the working words in registers.
     template <typename Strategy>
     std::string RunWith(std::span<const std::uint8_t> message, const Strategy& hash_strategy);
 
