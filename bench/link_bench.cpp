@@ -1,16 +1,18 @@
 // How close the operations come to the pace of the reader's poll: each exchange takes one tick,
-// so an operation of N exchanges can't be faster than N ticks. Runs the whole tool against the
-// demo unit over loopback, and prints measured time / (exchanges x poll interval) for each.
+// so an operation of N exchanges can't be faster than N ticks. Runs the whole tool against a demo
+// unit in a process of its own, and prints measured time / (exchanges x poll interval) for each,
+// the better of two runs: the machine's other work only ever adds to it.
 
 #include <QCoreApplication>
 #include <chrono>
 #include <cstdio>
 #include <string>
 
+#include "bars.h"
 #include "console/scripted_operator.h"
 #include "host/host_services.h"
+#include "programs.h"
 #include "tool/tool.h"
-#include "unit/unit_server.h"
 
 namespace {
 
@@ -37,16 +39,16 @@ struct Bench {
     // `waits` is what the operation waits for beside its exchanges, in milliseconds.
     void Measure(const char* name, double bar, double waits, const std::function<void()>& run) {
         const int poll = tool.main_form.timGetResponse.Interval();
-        const unsigned before = tool.link.FramesSent();
-        const auto begin = Clock::now();
-        run();
-        const double time = Milliseconds(Clock::now() - begin);
-        const unsigned exchanges = tool.link.FramesSent() - before;
-        const double ratio = time / (exchanges * poll + waits);
-        const bool good = ratio <= bar;
-        failures += good ? 0 : 1;
-        std::printf("%-28s %3u exchanges at %3d ms: %.3f x (bar %.2f)%s\n", name, exchanges, poll,
-                    ratio, bar, good ? "" : "  OVER");
+        const std::string counter = "at " + std::to_string(poll) + " ms";
+        double best = 1e9;
+        for (int i = 0; i < 2; ++i) {
+            const unsigned before = tool.link.FramesSent();
+            const auto begin = Clock::now();
+            run();
+            const double time = Milliseconds(Clock::now() - begin) - waits;
+            best = std::min(best, time / ((tool.link.FramesSent() - before) * poll));
+        }
+        if (!Reached({name, counter, Bar::Side::kAtMost, bar}, best)) ++failures;
     }
 };
 
@@ -54,14 +56,14 @@ struct Bench {
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
-    unit::UnitServer server{unit::ServerOptions{}};
-    if (server.Listen().result != unit::UnitServer::Start::kReady) return 1;
-    const int port = server.Ports()[0];
+    const UnitProcess unit;
+    if (unit.port() == 0) return 1;
+    const int port = unit.port();
     Bench bench;
     Tool& tool = bench.tool;
     MainForm& form = tool.main_form;
     tool.Start();
-    for (const double bar : {1.05, 1.3}) {
+    for (const double bar : {1.01, 1.01}) {
         bench.Connect(port);
         bench.Measure("settings read", bar, 0, form.network.cmdReadNetworkSettings.on_click);
         bench.Measure("names read", bar, 0, form.names.cmdReadChannelNames.on_click);
@@ -76,8 +78,8 @@ int main(int argc, char** argv) {
     ScriptEditForm& editor = tool.script_edit_form;
     editor.on_activate = [&] {
         constexpr double kPause = 500;
-        bench.Measure("macro download", 1.05, kPause, editor.cmdDownload.on_click);
-        bench.Measure("macro upload", 1.05, kPause, editor.cmdUpload.on_click);
+        bench.Measure("macro download", 1.01, kPause, editor.cmdDownload.on_click);
+        bench.Measure("macro upload", 1.01, kPause, editor.cmdUpload.on_click);
         tool.hand.Close(editor);
     };
     form.triggers.cmdEditMacro.on_click();

@@ -1,0 +1,93 @@
+// What an operator waits for and what the programs cost while they wait: the calls from start to
+// end, and console and windows connected and idle, each a process of its own beside the demo
+// unit's. The windows use Qt's platform without a screen.
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <string>
+
+#include "bars.h"
+#include "programs.h"
+
+namespace {
+
+using namespace kestrane;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kPatience = 60000;
+
+// The seconds that a call of kestrane-cli takes, the better of two; a huge number if it fails.
+double SecondsOfCall(const UnitProcess& unit, QStringList words) {
+    words << "--unit" << unit.address() << "--versions-url" << unit.versions_url();
+    double best = 1e9;
+    for (int i = 0; i < 2; ++i) {
+        QProcess call;
+        const auto begin = Clock::now();
+        call.start(ProgramPath("kestrane-cli"), words);
+        if (!call.waitForFinished(kPatience) || call.exitCode() != 0) return 1e9;
+        best = std::min(best, std::chrono::duration<double>(Clock::now() - begin).count());
+    }
+    return best;
+}
+
+// The seconds of CPU time that another process has taken so far.
+double CpuSecondsOf(qint64 process) {
+    double nanoseconds = 0;
+    std::ifstream("/proc/" + std::to_string(process) + "/schedstat") >> nanoseconds;
+    return nanoseconds * 1e-9;
+}
+
+// Sends one line to a console and waits for its answer.
+bool Command(QProcess& console, const char* line) {
+    console.write(line);
+    console.write("\n");
+    while (console.waitForReadyRead(kPatience)) {
+        while (console.canReadLine()) {
+            const QByteArray answer = console.readLine();
+            if (answer.startsWith("{\"ok\"")) return answer.startsWith("{\"ok\":true");
+        }
+    }
+    return false;
+}
+
+// The share of a core, in percent, that a program takes connected, read and left alone.
+double IdleShare(const UnitProcess& unit, const QString& program, const QStringList& words) {
+    QProcess console;
+    console.start(ProgramPath(program),
+                  words + QStringList{"--unit", unit.address(), "--timeout", "3"});
+    if (!Command(console, "click cmdConnect") ||
+        !Command(console, "wait cmdReadNetworkSettings.enabled true") ||
+        !Command(console, "click cmdReadNetworkSettings") || !Command(console, "sleep 2000")) {
+        return 1e9;
+    }
+    constexpr double kSeconds = 15;
+    const double before = CpuSecondsOf(console.processId());
+    usleep(static_cast<useconds_t>(kSeconds * 1e6));
+    const double share = 100 * (CpuSecondsOf(console.processId()) - before) / kSeconds;
+    Command(console, "quit");
+    console.waitForFinished(kPatience);
+    return share;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const UnitProcess unit;
+    if (unit.port() == 0) return 1;
+    bool good = true;
+    const auto check = [&good](const char* what, const char* unit_of_it, double bar, double value) {
+        good = Reached({what, unit_of_it, Bar::Side::kAtMost, bar}, value) && good;
+    };
+    check("read network", "s", 0.25, SecondsOfCall(unit, {"read", "network"}));
+    check("read --json, every tab", "s", 2.5, SecondsOfCall(unit, {"read", "--json"}));
+    check("console, connected and idle", "% of a core", 0.6,
+          IdleShare(unit, "kestrane-cli", {"console"}));
+    check("windows, connected and idle", "% of a core", 0.7,
+          IdleShare(unit, "kestrane-config", {"--console"}));
+    return good ? 0 : 1;
+}
