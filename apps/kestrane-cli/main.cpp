@@ -8,8 +8,10 @@
 
 #include "common/program.h"
 #include "host/descriptors.h"
+#include "host/fiber_services.h"
 #include "host/host_services.h"
 #include "host/signal_watch.h"
+#include "many_units.h"
 
 namespace {
 
@@ -20,6 +22,7 @@ const Complaints complain("kestrane-cli");
 // The command line, taken apart.
 struct CommandLine {
     CallOptions options;
+    FleetOptions fleet;
     std::vector<std::unique_ptr<Call>> calls = AllCalls();
     Call* chosen = nullptr;
 };
@@ -37,6 +40,7 @@ std::optional<int> Parse(int argc, char** argv, CommandLine& line) {
     for (const auto& call : line.calls) {
         CLI::App* sub = app.add_subcommand(call->name(), call->description());
         call->AddTo(*sub);
+        if (call->TakesManyUnits()) line.fleet.AddTo(*sub);
         sub->final_callback([&line, chosen = call.get()] { line.chosen = chosen; });
     }
     if (const auto status = ParseCommandLine(app, argc, argv, line.options, complain)) {
@@ -47,7 +51,28 @@ std::optional<int> Parse(int argc, char** argv, CommandLine& line) {
     return kExitUsage;
 }
 
+// Many units: whatever is wrong is found before the first connection, by a tool without one.
+std::optional<int> CheckMany(CommandLine& line) {
+    const std::string prefix = std::string(line.chosen->name()) + ": ";
+    std::vector<std::string> faults = line.fleet.Check(*line.chosen);
+    if (line.fleet.given() && (line.options.demo() || line.options.has_unit())) {
+        faults.push_back("--units takes the place of --unit and --demo; give one");
+    }
+    if (faults.empty() && line.fleet.given()) {
+        FiberServices host;
+        ScriptedOperator scripted;
+        Tool tool(host.With(scripted, scripted, scripted), line.options.tool_options());
+        tool.Start();
+        const std::string problem = line.chosen->Check(tool);
+        if (!problem.empty()) faults.push_back(problem);
+    }
+    for (const std::string& fault : faults) complain(prefix + fault);
+    return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);
+}
+
 int Run(CommandLine& line) {
+    if (const auto status = CheckMany(line)) return *status;
+    if (line.fleet.given()) return RunManyUnits(*line.chosen, line.options, line.fleet, complain);
     HostServices host;
     ScriptedOperator scripted;
     std::unique_ptr<unit::UnitServer> demo;

@@ -10,12 +10,15 @@
 
 #include "cli/call_options.h"
 #include "console/scripted_operator.h"
+#include "console/values.h"
 
 namespace CLI {
 class App;
 }
 
 namespace kestrane {
+
+struct FleetUnit;
 
 enum ExitStatus : int {
     kExitDone = 0,
@@ -33,6 +36,9 @@ struct CallContext {
     // Lines of standard input, for a call that takes them.
     std::function<void(std::function<void(std::string)> on_line, std::function<void()> on_end)>
         read_lines;
+    // In a run over many units: takes the result of the call for this unit, the object that --json
+    // prints (`print` gets the text only). Not set for one unit alone.
+    std::function<void(const Json& result)> report = {};
 };
 
 class Call {
@@ -48,6 +54,19 @@ class Call {
     // Does it and returns the exit status; the caller closes the socket. Where the connection is
     // lost in the midst of a wait it ends the program itself.
     virtual int Run(CallContext& context) = 0;
+
+    // What follows is for runs over many units, each by a call of its own.
+
+    // A copy for this unit, with the unit's own values and files. Null for a call that works on one
+    // unit alone.
+    virtual std::unique_ptr<Call> ForUnit(const FleetUnit& /*unit*/) const { return nullptr; }
+    virtual bool TakesManyUnits() const { return false; }
+    virtual bool PrintsJson() const { return false; }
+    // It writes: a unit that failed is reason enough to begin no other.
+    virtual bool Writes() const { return false; }
+    // The operator wants it to end. True if it is writing and ends by itself as soon as what it
+    // writes is whole and read back; else it may be cut off.
+    virtual bool Interrupt() { return false; }
 };
 
 std::vector<std::unique_ptr<Call>> AllCalls();

@@ -35,6 +35,9 @@ class CallOptions {
     // In milliseconds; nothing: the tool's own.
     std::optional<int> timeout() const { return timeout_; }
 
+    // One unit of many.
+    void UseUnit(const UnitAddress& unit) { unit_ = unit; }
+    bool has_unit() const { return !unit_text_.empty(); }
     // A demo unit that this program has started.
     void UseDemo(int port, int versions_port);
 

@@ -98,6 +98,12 @@ class ReadCall : public Call {
         return {};
     }
 
+    std::unique_ptr<Call> ForUnit(const FleetUnit& /*unit*/) const override {
+        return std::make_unique<ReadCall>(*this);
+    }
+    bool TakesManyUnits() const override { return true; }
+    bool PrintsJson() const override { return json_; }
+
     int Run(CallContext& context) override {
         CallDriver driver(context);
         const TabRow& network = *FindTab("network");
@@ -110,7 +116,9 @@ class ReadCall : public Call {
             good = tab == &network || driver.Read(*tab);
             if (good) results.push_back(ResultOf(context.tool, driver, *tab));
         }
-        json_ ? PrintJson(context, results) : PrintTable(context, results);
+        if (context.report) Report(context, results, good ? "" : driver.Failure());
+        if (json_ && !context.report) context.print(ToLine(JsonOf(results)));
+        if (!json_) PrintTable(context, results);
         if (!good) context.complain(driver.Failure());
         return good ? kExitDone : kExitUnit;
     }
@@ -123,13 +131,21 @@ class ReadCall : public Call {
         return {&tab, RowsOfPage(tool.main_form, tab)};
     }
 
-    static void PrintJson(CallContext& context, const std::vector<TabResult>& results) {
+    static void Report(CallContext& context, const std::vector<TabResult>& results,
+                       const std::string& failure) {
+        Json result = {{"unit", ""}, {"result", failure.empty() ? "done" : "failed"}};
+        result.update(JsonOf(results));
+        result["error"] = failure.empty() ? Json() : Json(failure);
+        context.report(result);
+    }
+
+    static Json JsonOf(const std::vector<TabResult>& results) {
         Json all = Json::object();
         for (const TabResult& result : results) {
             Json& tab = all[result.tab->name] = Json::object();
             for (const Row& row : result.rows) tab[row.name] = row.value;
         }
-        context.print(ToLine(all));
+        return all;
     }
 
     static void PrintTable(CallContext& context, const std::vector<TabResult>& results) {

@@ -8,7 +8,7 @@
 #include "host/qt_services.h"
 #include "host/qt_tcp_client.h"
 #include "host/qt_timer_service.h"
-#include "platform/platform.h"
+#include "platform/lane.h"
 
 namespace kestrane {
 
@@ -37,7 +37,8 @@ class FiberHttpReader : public HttpReader {
     std::shared_ptr<Events> events_;
 };
 
-struct FiberServices {
+class FiberServices : public Lane {
+  public:
     // A unit that floods the line costs each tick of its reader no more than this.
     static constexpr std::size_t kMostUnread = std::size_t{64} << 10;
 
@@ -45,8 +46,14 @@ struct FiberServices {
     FiberServices(const FiberServices&) = delete;
     FiberServices& operator=(const FiberServices&) = delete;
 
-    Platform With(MessageBoxes& boxes, FileDialogs& files, Sound& sound) {
+    Platform With(MessageBoxes& boxes, FileDialogs& files, Sound& sound) override {
         return {loop, timers, tcpsend, http, boxes, files, clock, random, sound};
+    }
+    void Start(std::function<int()> task, std::function<void(int)> on_end) override {
+        loop.Start(std::move(task), std::move(on_end));
+    }
+    void Cut(int status) override {
+        loop.Post([this, status] { loop.Exit(status); });
     }
 
     FiberLoop loop;
