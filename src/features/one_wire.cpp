@@ -11,8 +11,7 @@ namespace {
 
 constexpr int kSlots = OneWireTab::kSlots;
 
-// Functions of command 0x82, and the one of 0x81.
-constexpr int kReadLive = 0x01;
+// Other functions of command 0x82, and the one of 0x81.
 constexpr int kClear = 0x02;
 constexpr int kCommit = 0x03;
 constexpr int kMinMax = 0x02;
@@ -275,7 +274,7 @@ bool OneWire::ReadLiveSensors() {
     for (int slot = 0; slot < kSlots; ++slot) {
         form_.lblMemoryBlock.SetCaption(
             Progress("Reading 1-Wire Live Addresses", slot + 1, kSlots));
-        if (!link_.Command(Bytes({session_.RelayAddress, kOneWireMemory, kReadLive, slot + 1}))) {
+        if (!link_.Command(Bytes({session_.RelayAddress, kOneWireMemory, kOneWireReadLive, slot + 1}))) {
             return false;
         }
         session_.OneWireUnsupported = false;

@@ -34,6 +34,21 @@ void RemoveEscapes(std::string& text) {
     text = std::move(plain);
 }
 
+std::string DataOfReply(std::string_view reply, std::size_t position) {
+    std::string plain(reply.substr(0, 2));
+    std::size_t at = plain.size();
+    while (at < reply.size()) {
+        const bool pair = reply[at] == kDle && at + 1 < reply.size();
+        if (pair && reply[at + 1] == kEtx) {
+            plain.pop_back();
+            break;
+        }
+        plain.push_back(reply[at]);
+        at += pair && reply[at + 1] == kDle ? 2 : 1;
+    }
+    return Mid(plain, position);
+}
+
 std::string FrameOf(std::string_view escaped) {
     std::string frame{kDle, kStx};
     frame += escaped;

@@ -32,12 +32,15 @@ inline constexpr int kMacroGoTo = 0x61;
 inline constexpr int kOneWireReset = 0x81;
 inline constexpr int kOneWireMemory = 0x82;
 
+// The first argument of kOneWireMemory that only reads.
+inline constexpr int kOneWireReadLive = 0x01;
+
 // The code of a refusal, at position 5 of a reply.
 inline constexpr int kRefusedByPrivileges = 0x16;
 inline constexpr int kRefusedByOneWire = 0x15;
 
 // The first data byte of a memory read, and of a command without arguments, in an undoubled reply.
-inline constexpr std::size_t kMemoryData = 8;
+inline constexpr std::size_t kMemoryData = 8;  // positions count from 1
 inline constexpr std::size_t kStatusData = 5;
 inline constexpr int kBlockSize = 16;
 
@@ -46,6 +49,10 @@ void AddEscapesAndChecksum(std::string& text);
 
 // Drops the second of each pair of 0x10.
 void RemoveEscapes(std::string& text);
+
+// The data of a reply that may be cut off anywhere: from this position of the undoubled text on,
+// without the checksum that stands before an end mark.
+std::string DataOfReply(std::string_view reply, std::size_t position);
 
 // The start mark, an escaped text, the end mark.
 std::string FrameOf(std::string_view escaped);

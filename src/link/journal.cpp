@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "link/frame.h"
+#include "text/text.h"
 
 namespace kestrane {
 namespace {
@@ -19,7 +20,24 @@ auto* Find(Records& records, std::uint64_t number) {
 }  // namespace
 
 bool Exchange::IsWrite() const {
-    return command == kWriteMemory || command == kWriteUnitID || command == kWriteLiveData;
+    switch (command) {
+        case kWriteMemory:
+        case kEnterBootloader:
+        case kResetEthernet:
+        case kWriteUnitID:
+        case kWriteLiveData:
+        case kMacroGoTo:
+        case kOneWireReset:
+            return true;
+        case kOneWireMemory:
+            return ByteAt(data, 1) != kOneWireReadLive;
+        default:
+            return false;
+    }
+}
+
+bool Exchange::Failed() const {
+    return Ended() && end != End::kAccepted && end != End::kNotAwaited;
 }
 
 bool Exchange::IsRead() const { return command == kReadMemory; }
@@ -70,6 +88,7 @@ void Journal::Forgive(std::uint64_t operation) {
 void Journal::EndOperation(std::uint64_t operation) {
     OperationRecord* const record = MutableOperation(operation);
     if (!record) return;
+    if (record->exchanges.empty() && record->skipped.empty()) Stop(operation, "nothing was sent");
     const bool stopped = record->stopped_at != 0 || !record->why.empty();
     Finish(*record, stopped ? OperationRecord::End::kStopped : OperationRecord::End::kComplete);
 }
@@ -84,7 +103,7 @@ std::uint64_t Journal::BeginExchange(Exchange exchange) {
     exchange.number = ++last_exchange_;
     OperationRecord* const operation = MutableOperation(exchange.operation);
     std::deque<Exchange>& records = exchange.poll ? polls_ : exchanges_;
-    if (operation && !exchange.poll) operation->exchanges.push_back(exchange.number);
+    if (operation) operation->exchanges.push_back(exchange.number);
     records.push_back(std::move(exchange));
     if (records.size() > kMostExchanges) records.pop_front();
     for (JournalObserver* observer : observers_) observer->ExchangeBegan(records.back());
@@ -109,7 +128,7 @@ void Journal::Finish(Exchange& exchange, Exchange::End end) {
     if (exchange.Ended()) return;
     exchange.end = end;
     OperationRecord* const operation = MutableOperation(exchange.operation);
-    if (operation && !exchange.poll && end != Exchange::End::kAccepted && !operation->stopped_at) {
+    if (operation && exchange.Failed() && !operation->stopped_at) {
         operation->stopped_at = exchange.number;
     }
     for (JournalObserver* observer : observers_) observer->ExchangeEnded(exchange);
@@ -146,6 +165,8 @@ const char* EndInWords(Exchange::End end) {
             return "cut off, as the connection ended";
         case Exchange::End::kNotSent:
             return "not sent, as there is no connection";
+        case Exchange::End::kNotAwaited:
+            return "sent, and no answer is awaited";
     }
     return "";
 }

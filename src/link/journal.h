@@ -17,11 +17,12 @@ struct Exchange {
     enum class End {
         kUnderWay,
         kAccepted,
-        kRefused,    // by the privileges of the port, or by the 1-Wire bus
-        kNoAnswer,   // the reply timeout
-        kCorrupted,  // no echo in four transmissions, or fewer data than were asked for
-        kLineLost,   // the connection ended first
-        kNotSent,    // there was no connection to send it on
+        kRefused,     // by the privileges of the port, or by the 1-Wire bus
+        kNoAnswer,    // the reply timeout
+        kCorrupted,   // no echo in four transmissions, or fewer data than were asked for
+        kLineLost,    // the connection ended first
+        kNotSent,     // there was no connection to send it on
+        kNotAwaited,  // sent, and nobody waits for its own answer
     };
 
     std::uint64_t number = 0;     // from 1
@@ -32,7 +33,7 @@ struct Exchange {
     int command = 0;              // code
     int address = -1;             // of a memory command, else -1
     int count = 0;                // bytes asked for or written, of a memory command
-    bool poll = false;            // sent by a timer
+    bool poll = false;            // sent outside of any operation with a name, by a timer
     int times_sent = 0;
     End end = End::kUnderWay;
     // A memory write's data; a memory read's data as they came, undoubled; any other command's
@@ -41,6 +42,8 @@ struct Exchange {
 
     bool Ended() const { return end != End::kUnderWay; }
     bool Accepted() const { return end == End::kAccepted; }
+    bool Failed() const;
+    // It changes the unit: memory, ID, live values, sensors, the running macro, a reset.
     bool IsWrite() const;
     bool IsRead() const;
 };
@@ -56,7 +59,7 @@ struct OperationRecord {
     enum class End {
         kRunning,
         kComplete,
-        kStopped,    // at a failed exchange, or for the reason in `why`
+        kStopped,    // at a failed exchange, for the reason in `why`, or before the first exchange
         kOvertaken,  // its connection ended first
     };
 

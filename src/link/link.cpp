@@ -1,5 +1,8 @@
 #include "link/link.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "text/text.h"
 
 namespace kestrane {
@@ -75,7 +78,8 @@ void Link::NewConnection() {
 void Link::EndConnection() {
     journal_.LoseLine(connection_);
     connection_ = 0;
-    when_idle_ = nullptr;
+    // Nothing holds it up any more.
+    if (when_idle_) std::exchange(when_idle_, nullptr)();
 }
 
 bool Link::MaySend() const { return !(current_ && current_->Stale()) && waits_ < kDeepestWait; }
@@ -87,9 +91,11 @@ bool Link::Command(std::string command) {
 
 std::optional<std::string> Link::Read(int board, int address, int count) {
     if (!Command(ReadCommand(board, address, count))) return {};
+    std::string data = DataOfReply(session_.ReplyBuffer, kMemoryData);
     RemoveReplyEscapes();
-    std::string data = Mid(session_.ReplyBuffer, kMemoryData, static_cast<std::size_t>(count));
-    if (data.size() < static_cast<std::size_t>(count)) return {};
+    const auto wanted = static_cast<std::size_t>(count);
+    if (data.size() < wanted) return {};
+    data.resize(wanted);
     return data;
 }
 
@@ -97,14 +103,14 @@ bool Link::Write(int board, int address, std::string_view data) {
     return Command(WriteCommand(board, address, static_cast<int>(data.size()), data));
 }
 
-std::uint64_t Link::BeginExchange(const std::string& command, bool poll) {
+std::uint64_t Link::BeginExchange(std::string_view command) {
     Exchange exchange;
     exchange.operation = current_ ? current_->number_ : 0;
     exchange.connection = current_ ? current_->connection_ : connection_;
     exchange.began = platform_.clock.TickCount();
     exchange.board = ByteAt(command, 1);
     exchange.command = ByteAt(command, 2);
-    exchange.poll = poll;
+    exchange.poll = current_ && current_->number_ == 0;
     const bool memory = exchange.command == kReadMemory || exchange.command == kWriteMemory;
     if (memory) {
         exchange.address = ByteAt(command, 3) * 256 + ByteAt(command, 4);
@@ -120,17 +126,17 @@ void Link::EndExchange(std::uint64_t exchange, Exchange::End end) {
     const Exchange* const begun = journal_.FindExchange(exchange);
     std::string data;
     if (end == Exchange::End::kAccepted && begun && begun->IsRead()) {
-        data = session_.ReplyBuffer;
-        RemoveEscapes(data);
-        data = Mid(data, kMemoryData, static_cast<std::size_t>(begun->count));
-        if (data.size() < static_cast<std::size_t>(begun->count)) end = Exchange::End::kCorrupted;
+        const auto count = static_cast<std::size_t>(begun->count);
+        data = DataOfReply(session_.ReplyBuffer, kMemoryData);
+        if (data.size() < count) end = Exchange::End::kCorrupted;
+        data.resize(std::min(data.size(), count));
     }
     journal_.EndExchange(exchange, end, std::move(data));
 }
 
 void Link::SendCommand(std::string& strCommand) {
     session_.CommandDone = false;
-    const std::uint64_t exchange = BeginExchange(strCommand, false);
+    const std::uint64_t exchange = BeginExchange(strCommand);
     const bool connected = Connected();
     AddEscapesAndChecksum(strCommand);
     Exchange::End end = Exchange::End::kNotSent;
@@ -168,6 +174,13 @@ Exchange::End Link::Transmit(const std::string& escaped, std::uint64_t exchange)
 void Link::SendRaw(const std::string& frame) {
     ++frames_sent_;
     platform_.tcpsend.Send(frame);
+}
+
+void Link::SendUnawaited(std::string_view command, const std::string& frame) {
+    const std::uint64_t exchange = BeginExchange(command);
+    SendRaw(frame);
+    journal_.CountSent(exchange);
+    EndExchange(exchange, Exchange::End::kNotAwaited);
 }
 
 void Link::ShowSent(const std::string& escaped) {
@@ -283,7 +296,7 @@ bool Link::SendUnchecked(std::string& text) { return SendAndWait(text, nullptr);
 bool Link::Poll(std::string& text, bool& waiting) { return SendAndWait(text, &waiting); }
 
 bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
-    const std::uint64_t exchange = BeginExchange(text, poll_waiting != nullptr);
+    const std::uint64_t exchange = BeginExchange(text);
     AddEscapesAndChecksum(text);
     const bool may_send = MaySend();
     if (may_send) {
@@ -293,7 +306,7 @@ bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
         ShowSent(text);
     }
     if (!may_send || (poll_waiting && *poll_waiting)) {
-        EndExchange(exchange, Exchange::End::kNotSent);
+        EndExchange(exchange, may_send ? Exchange::End::kNotAwaited : Exchange::End::kNotSent);
         return false;
     }
     if (poll_waiting) *poll_waiting = true;

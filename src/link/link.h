@@ -94,8 +94,8 @@ class Link {
 
     // Counts the frames sent so far, so that a caller can tell whether another came in between.
     unsigned FramesSent() const { return frames_sent_; }
-    // Sends bytes that are framed already, awaiting nothing.
-    void SendRaw(const std::string& frame);
+    // Sends a command in a frame that is built already, awaiting nothing.
+    void SendUnawaited(std::string_view command, const std::string& frame);
 
     // A new connection begins, or the present one ends; operations of the old one become stale.
     void NewConnection();
@@ -126,11 +126,12 @@ class Link {
     enum class Seen { kNothing, kBytes, kTimeout };
 
     bool MaySend() const;
-    std::uint64_t BeginExchange(const std::string& command, bool poll);
+    std::uint64_t BeginExchange(std::string_view command);
     void EndExchange(std::uint64_t exchange, Exchange::End end);
     Exchange::End Transmit(const std::string& escaped, std::uint64_t exchange);
     bool SendAndWait(std::string& text, bool* poll_waiting);
     Exchange::End EndOfUnchecked() const;
+    void SendRaw(const std::string& frame);
     void WaitForReply();
     void ShowSent(const std::string& escaped);
     Verdict JudgeReply(int& repeat_count);

@@ -272,8 +272,10 @@ void Supervision::ClearScreen() {
 void Supervision::cmdResetEthernet_Click() {
     if (!link_.Connected()) return;
     const int board = session_.DisplayAddress;
-    link_.SendRaw(Bytes({kDle, kStx, board, kResetEthernet, 0x03, 0x00,
-                         board + kResetEthernet + 0x03, kDle, kEtx}));
+    const Link::Operation operation(link_, "Reset Ethernet");
+    link_.SendUnawaited(Bytes({board, kResetEthernet, 0x03, 0x00}),
+                        Bytes({kDle, kStx, board, kResetEthernet, 0x03, 0x00,
+                               board + kResetEthernet + 0x03, kDle, kEtx}));
     form_.Label2.SetCaption("10 02 FB 1F 03 00 1D 10 03");
     form_.Label1.SetCaption("?");
     form_.Label3.SetCaption("?");

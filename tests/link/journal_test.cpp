@@ -45,6 +45,8 @@ TEST_F(JournalTest, SaysHowEachExchangeEndedAndWhatCame) {
         {"refused", Framed(Bytes({0xFA, 0x11, 0x16})), End::kRefused, 1},
         {"silent", "", End::kNoAnswer, 1},
         {"short", Framed(read + data.substr(0, 9)), End::kCorrupted, 1},
+        {"one byte short", Framed(read + data.substr(0, 15)), End::kCorrupted, 1},
+        {"cut", Framed(read + data).substr(0, 20), End::kCorrupted, 1},
     };
     for (const auto& row : rows) {
         const auto got = Read(row.reply);
@@ -98,8 +100,25 @@ TEST_F(JournalTest, KeepsSkipsAndReasonsAndLeavesPollsOut) {
         peer.Reply(Framed(poll + std::string(13, '1')));
         EXPECT_TRUE(tool.link.Poll(poll, waiting));
     }
+    {  // a command of a poll counts among the polls as well
+        const Link::Operation operation(tool.link, "");
+        tool.link.Command(Bytes({0xFA, kReadSecondStatus}));
+    }
     EXPECT_EQ(tool.link.journal().exchanges().size(), kept);
     EXPECT_EQ(LastOperation().name, "Write");
+}
+
+TEST_F(JournalTest, AResetIsSentAndAwaitsNothingAndAnOperationWithoutAFrameIsNotComplete) {
+    Connect();
+    network.cmdResetEthernet.SetEnabled(true);
+    Click(network.cmdResetEthernet);
+    EXPECT_EQ(LastExchange().end, End::kNotAwaited);
+    EXPECT_EQ(LastExchange().command, kResetEthernet);
+    EXPECT_TRUE(LastExchange().IsWrite());
+    EXPECT_TRUE(LastOperation().Complete());
+    { const Link::Operation operation(tool.link, "Nothing to do"); }
+    EXPECT_EQ(LastOperation().end, Done::kStopped);
+    EXPECT_EQ(LastOperation().why, "nothing was sent");
 }
 
 TEST_F(JournalTest, WhatComesFirstDecidesAWaitWhateverElseTheSamePumpBrings) {
@@ -127,6 +146,15 @@ TEST_F(JournalTest, AnOperationKeepsTheAddressThatItBeganWith) {
     }
     EXPECT_EQ(session.RelayAddress, 2);
     EXPECT_EQ(session.DisplayAddress, 130);
+    // A disconnect ends the waiting: the next connection has the address that is chosen.
+    After(100, [this] { form.OptButID(250).SetChosen(true); });
+    After(200, [this] { Click(form.cmdDisconnect); });
+    After(300, [this] {
+        Click(form.cmdConnect);
+        EXPECT_EQ(session.RelayAddress, 250);
+        throw ProgramEnded{0};
+    });
+    EXPECT_THROW(Read(""), ProgramEnded);
 }
 
 // Whatever comes between, a clean read works at the end.
@@ -156,9 +184,8 @@ TEST(Supervision, RandomConnectsErrorsAndDisconnectsEndInAStateThatReads) {
                     line.tool.hand.Click(line.form.cmdDisconnect);
                     break;
                 default:
-                    line.After(1, [&line] {
-                        line.tool.hand.Click(line.network.cmdReadNetworkSettings);
-                    });
+                    line.After(
+                        1, [&line] { line.tool.hand.Click(line.network.cmdReadNetworkSettings); });
             }
             line.Wait(static_cast<int>(random() % 1500));
         }
