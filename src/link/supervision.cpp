@@ -59,8 +59,9 @@ Supervision::Supervision(MainForm& form, Session& session, Link& link)
 }
 
 void Supervision::timGetResponse_Timer() {
-    form_.lblNotLoggedIn.SetForeColor(kRed);
     const SocketState state = socket_.State();
+    const bool good = state == SocketState::kClosed || state == SocketState::kConnected;
+    form_.lblNotLoggedIn.SetForeColor(good ? kGreen : kRed);
     const int connection = link_.connection();
     ShowState(state);
     // The rest of the tick is about the connection that it has looked at.
@@ -81,7 +82,6 @@ void Supervision::ShowState(SocketState state) {
     form_.lblNotLoggedIn.SetCaption(TextOf(state));
     switch (state) {
         case SocketState::kClosed:
-            form_.lblNotLoggedIn.SetForeColor(kGreen);
             form_.cmdConnect.SetCaption("Connect");
             form_.cmdConnect.SetBackColor(kButtonFace);
             break;
@@ -97,7 +97,6 @@ void Supervision::ShowState(SocketState state) {
             form_.cmdConnect.SetBackColor(kButtonFace);
             break;
         case SocketState::kConnected:
-            form_.lblNotLoggedIn.SetForeColor(kGreen);
             ShowConnected();
             break;
         case SocketState::kPeerClosing:

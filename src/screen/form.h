@@ -35,7 +35,7 @@ class Form : public Control, public Container {
     // The control with the focus, or null. A control that can't be used any more has lost it.
     Control* Focused() const;
     // Moves the focus as the program does: lost focus of the old control, got focus of the new
-    // one, no validation. Ignored if `control` is not usable but for its form being active.
+    // one, no validation. Ignored if `control` can't be used, whichever form is active.
     void SetFocus(Control& control);
     void ClearFocus();
 

@@ -39,8 +39,8 @@ class Screen {
 
     // Shows the main form and returns.
     void Show(Form& form);
-    // Runs load (the first time and after each Unload) and activation, then pumps until the form
-    // is hidden. Showing a form that is up already returns at once.
+    // Runs load and activation, at each showing anew, then pumps until the form is hidden. Showing
+    // a form that is up already returns at once.
     void ShowModal(Form& form);
     // Takes the form off the screen; its ShowModal returns when control comes back to it.
     void Hide(Form& form);

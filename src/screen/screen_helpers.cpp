@@ -11,8 +11,10 @@ void DisableLabels(MainForm& form) {
 }
 
 void EnableLabels(MainForm& form, const std::string& framename) {
+    // Runs at each tick of a live connection: compares no names.
+    const auto* const frame = dynamic_cast<const Frame*>(form.Find(framename));
     for (Control* control : form.controls()) {
-        if (control->kind() == Kind::kLabel && control->container().container_name() == framename) {
+        if (control->kind() == Kind::kLabel && &control->container() == frame) {
             control->SetEnabled(true);
         }
     }

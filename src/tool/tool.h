@@ -10,7 +10,6 @@
 #include "features/one_wire.h"
 #include "help/help_pages.h"
 #include "link/identity.h"
-#include "link/shell.h"
 #include "link/supervision.h"
 #include "macro/instruction_set.h"
 #include "macro/macro_editor.h"
@@ -24,6 +23,7 @@
 #include "settings/network_read.h"
 #include "settings/network_write.h"
 #include "settings/port_privileges.h"
+#include "tool/shell.h"
 
 namespace kestrane {
 

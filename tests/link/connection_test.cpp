@@ -162,31 +162,30 @@ TEST_F(Connection, ManyConnectionsLostInsideAWaitDoNotPileUp) {
     EXPECT_EQ(world.loop.pump_depth(), 0);
 }
 
-TEST_F(Connection, ADayOfSilenceIsSurvived) {
-    constexpr int kDay = 24 * 3'600'000;
-    world.loop.set_event_limit(10'000'000);
+TEST_F(Connection, AnHourOfSilenceIsSurvived) {
+    constexpr int kHour = 3'600'000;
     form.txtTimeout.SetText("0");
     Click(form.cmdConnect);
     After(300, [this] { Click(network.cmdReadNetworkSettings); });
     int depth = -1;
     bool read_again = true;
     // The default of 3 s ends the first wait; what is begun after it has no timeout any more.
-    After(kDay / 2, [&] {
+    After(kHour / 2, [&] {
         read_again = network.cmdReadNetworkSettings.Usable();
         const Link::Operation operation(tool.link, "Test");
         tool.link.Command(ReadCommand(250, 0));
     });
-    After(kDay, [&] {
+    After(kHour, [&] {
         depth = world.loop.pump_depth();
         Click(form.cmdDisconnect);
     });
-    After(kDay + 100, [this] { Click(form.cmdConnect); });
-    After(kDay + 1000, [this] {
+    After(kHour + 100, [this] { Click(form.cmdConnect); });
+    After(kHour + 1000, [this] {
         peer.set_answer([](std::string_view frame) { return std::string(frame); });
         const Link::Operation operation(tool.link, "Test");
         EXPECT_TRUE(tool.link.Command(ReadCommand(250, 0)));
     });
-    Wait(kDay + 5000);
+    Wait(kHour + 5000);
     EXPECT_FALSE(read_again) << "after a failed read the button stays off for this connection";
     EXPECT_EQ(depth, 2);
     EXPECT_LT(world.max_pump_depth(), 10);

@@ -1,4 +1,4 @@
-#include "link/shell.h"
+#include "tool/shell.h"
 
 #include "screen/hand.h"
 #include "screen/screen_helpers.h"
