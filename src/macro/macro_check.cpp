@@ -1,15 +1,18 @@
 #include "macro/macro_check.h"
 
+#include <algorithm>
+
+#include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
-#include "macro/macro_memory.h"
+#include "macro/macro_flow.h"
+#include "macro/program_text.h"
 #include "text/text.h"
+#include "text/utf8.h"
 
 namespace kestrane {
 namespace {
 
-bool IsHexByte(std::string_view text) {
-    return text.size() == 2 && text.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
-}
+constexpr auto kError = Finding::Severity::kError;
 
 std::string OperandFault(Operand operand) {
     switch (operand) {
@@ -26,95 +29,178 @@ std::string OperandFault(Operand operand) {
     }
 }
 
-class Checker : public MacroLineVisitor {
-  public:
-    Checker(std::string_view unit_type, std::vector<Finding>& findings)
-        : unit_type_(unit_type), findings_(findings) {}
+std::optional<Finding> CheckInstruction(const MacroProgram& program, std::size_t address,
+                                        std::string_view unit_type) {
+    const auto at = static_cast<std::uint8_t>(address);
+    const std::uint8_t opcode = program.image.Opcode(at);
+    const std::uint8_t second = program.image.SecondByte(at);
+    const auto found = [&](std::string_view kind, std::string text) {
+        return Finding{program.places[address], at, kError, kind, std::move(text)};
+    };
+    const Instruction* instruction = FindInstruction(opcode);
+    if (instruction == nullptr) return found("opcode", "illegal opcode " + HexByte(opcode));
+    if (!instruction->outlet.empty() && (opcode & 0x0F) >= kOutletCount) {
+        return found("outlet", "no outlet" + Str((opcode & 0x0F) + 1));
+    }
+    if (OperandInRange(instruction->operand, second)) return std::nullopt;
+    return found("operand", OperandFault(instruction->operand) + ": " + HexByte(opcode) + " " +
+                                HexByte(second) + ", " +
+                                Trim(CmdDecode(opcode, second, unit_type)));
+}
 
-    bool VisitByte(std::size_t index, std::string_view line, long number) override {
-        const bool in_program = index >= MacroMemory::kProgramBegin;
-        if (!IsHexByte(line)) Add(number, "no byte of two hexadecimal digits");
-        if (index % 2 == 0) {
-            opcode_ = HexValue(line);
-            if (in_program) CheckOpcode(index, number);
-        } else if (in_program) {
-            CheckOperand(index - 1, HexValue(line), number);
+void CheckInstructions(const MacroProgram& program, std::string_view unit_type,
+                       std::vector<Finding>& findings) {
+    for (std::size_t a = kFirstMacroAddress; a < MacroProgram::kAddresses; ++a) {
+        if (auto finding = CheckInstruction(program, a, unit_type)) findings.push_back(*finding);
+    }
+}
+
+std::string TriggerName(int row) { return "trigger" + Str(row + 1); }
+
+// An enabled trigger must go to an address where a macro can begin.
+std::optional<Finding> CheckTriggerAddress(int row, const TriggerRow& fields, SourcePlace place) {
+    if (!fields.enabled) return std::nullopt;
+    const auto address = HexPair(fields.address);
+    if (address && OperandInRange(Operand::kAddress, *address)) return std::nullopt;
+    return Finding{place, std::nullopt, kError, "trigger",
+                   TriggerName(row) + " is enabled and its address \"" + FromByteText(fields.address) +
+                       "\" is not one from 10 to 7E"};
+}
+
+// The lines of a macro file, apart from what its bytes mean.
+class LineChecker : public MacroLineVisitor {
+  public:
+    explicit LineChecker(std::vector<Finding>& findings) : findings_(findings) {}
+
+    bool VisitByte(std::size_t /*index*/, std::string_view line, long number) override {
+        if (!IsByte(line)) Add(number, "format", "the line is not two hexadecimal digits");
+        return true;
+    }
+    bool VisitTrigger(int row, const TriggerLine& line, long number) override {
+        const TriggerRow& fields = line.fields;
+        if (!line.checksum_matches) {
+            Add(number, "checksum",
+                "checksum error in macro " + TriggerName(row) +
+                    (fields.name.empty() ? ", which has no name" : ""));
+            return true;
+        }
+        CheckPage(row, line, number);
+        if (const auto fault = CheckTriggerAddress(row, fields, {number, 0})) {
+            findings_.push_back(*fault);
+        }
+        if (line.state != "Enabled" && line.state != "Disabled") {
+            Add(number, "trigger",
+                "the state of " + TriggerName(row) + " is \"" + FromByteText(line.state) +
+                    "\", neither Enabled nor Disabled");
         }
         return true;
     }
-
-    bool VisitTrigger(int row, const TriggerLine& line, long number) override {
-        if (line.checksum_matches) return true;
-        std::string text = "checksum error in macro trigger" + Str(row + 1);
-        if (line.fields.name.empty()) text += ", which has no name";
-        Add(number, text);
-        return true;
-    }
-
     bool VisitCode(std::size_t index, const CodeLine& line, MacroFileKind kind,
                    long number) override {
+        const std::string expected = HexByte(static_cast<std::uint8_t>(index / 2));
+        if (const auto address = HexPair(line.address); address && *address != index / 2) {
+            Add(number, "order",
+                "the line says address " + std::string(line.address) + ", but is loaded at " +
+                    expected);
+        }
         if (kind == MacroFileKind::kTriggersAndCode && !line.checksum_matches) {
-            Add(number, "checksum error in macro code");
+            Add(number, "checksum", "checksum error in macro code");
         }
-        if (!IsHexByte(line.opcode) || !IsHexByte(line.second_byte)) {
-            Add(number, "no two bytes of two hexadecimal digits in columns 4 to 8");
+        if (!IsByte(line.opcode) || !IsByte(line.second_byte)) {
+            Add(number, "format", "columns 4 to 8 are not two bytes of two hexadecimal digits");
         }
-        opcode_ = HexValue(line.opcode);
-        CheckOpcode(index, number);
-        CheckOperand(index, HexValue(line.second_byte), number);
         return true;
     }
 
   private:
-    void CheckOpcode(std::size_t index, long number) {
-        const Instruction* instruction = FindInstruction(opcode_);
-        if (instruction == nullptr) {
-            Add(number, At(index) + "illegal opcode " + HexByte(opcode_));
-        } else if (!instruction->outlet.empty() && (opcode_ & 0x0F) >= kOutletCount) {
-            Add(number, At(index) + "no outlet" + Str((opcode_ & 0x0F) + 1));
+    // As the reader takes them: digits in lower case count 0.
+    static bool IsByte(std::string_view text) {
+        return HexPair(text).has_value() && UpperCase(text) == text;
+    }
+    void CheckPage(int row, const TriggerLine& line, long number) {
+        const std::string& page = line.fields.page;
+        if (page == " " || page.empty()) {
+            Add(number, "trigger",
+                TriggerName(row) + " has no page, so that its address and state are read wrong");
+        } else if (line.after_page != " " || page[0] < '0' || page[0] > '9') {
+            Add(number, "trigger",
+                TriggerName(row) + " has a page that is not a number from 0 to 9");
         }
     }
-
-    void CheckOperand(std::size_t index, std::uint8_t value, long number) {
-        const Instruction* instruction = FindInstruction(opcode_);
-        if (instruction == nullptr || OperandInRange(instruction->operand, value)) return;
-        Add(number, At(index) + OperandFault(instruction->operand) + ": " + HexByte(opcode_) + " " +
-                        HexByte(value) + ", " + Trim(CmdDecode(opcode_, value, unit_type_)));
+    void Add(long line, std::string_view kind, std::string text) {
+        findings_.push_back({{line, 0}, std::nullopt, kError, kind, std::move(text)});
     }
 
-    static std::string At(std::size_t index) {
-        return "address " + HexByte(static_cast<std::uint8_t>(index / 2)) + ": ";
-    }
-
-    void Add(long line, std::string text) { findings_.push_back({line, std::move(text)}); }
-
-    std::string_view unit_type_;
     std::vector<Finding>& findings_;
-    std::uint8_t opcode_ = 0;
 };
+
+void SortByLine(std::vector<Finding>& findings) {
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
+        return std::pair(a.place.line, a.place.column) < std::pair(b.place.line, b.place.column);
+    });
+}
+
+void CheckFile(std::string_view content, const ProgramText& text, std::string_view unit_type,
+               std::vector<Finding>& findings) {
+    LineChecker checker(findings);
+    const WalkResult walk = WalkMacroFile(content, checker);
+    // Unlike the loaded program this one has all lines, those of a wrong checksum too.
+    MacroProgram program = text.Good() ? text.program : ProgramWithoutChecksums(content);
+    for (std::size_t a = kFirstMacroAddress; a < MacroProgram::kAddresses; ++a) {
+        if (program.places[a].line == 0) continue;
+        if (auto finding = CheckInstruction(program, a, unit_type)) findings.push_back(*finding);
+    }
+    if (walk.end == WalkResult::End::kLinesMissing) {
+        findings.push_back(
+            {{walk.lines_read + 1, 0}, std::nullopt, kError, "end", "the file ends early"});
+    }
+}
 
 }  // namespace
 
-std::vector<Finding> CheckMacroFile(std::string_view content, std::string_view unit_type) {
+std::vector<Finding> CheckProgram(const MacroProgram& program, std::string_view unit_type) {
     std::vector<Finding> findings;
-    Checker checker(unit_type, findings);
-    const WalkResult walk = WalkMacroFile(content, checker);
-    if (walk.end == WalkResult::End::kLinesMissing) {
-        findings.push_back({walk.lines_read + 1, "the file ends early"});
+    CheckInstructions(program, unit_type, findings);
+    for (int row = 0; row < kTriggerRows; ++row) {
+        const auto& trigger = program.triggers[static_cast<std::size_t>(row)];
+        if (!trigger) continue;
+        if (auto fault = CheckTriggerAddress(row, trigger->row, trigger->place)) {
+            findings.push_back(*fault);
+        }
     }
+    for (Finding& finding : CheckFlow(program)) findings.push_back(std::move(finding));
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
+        return a.address.value_or(0) < b.address.value_or(0);
+    });
     return findings;
 }
 
-std::string_view MacroFileKindText(MacroFileKind kind) {
-    switch (kind) {
-        case MacroFileKind::kBytes:
-            return "bytes, one a line";
-        case MacroFileKind::kCode:
-            return "macro code without triggers or checksums";
-        case MacroFileKind::kTriggersAndCode:
-            return "macro triggers and code";
+std::vector<Finding> CheckMacroText(std::string_view content, std::string_view unit_type) {
+    const ProgramText text = ReadProgramText(content);
+    std::vector<Finding> findings;
+    if (text.kind) {
+        CheckFile(content, text, unit_type, findings);
+        if (text.Good()) {
+            for (Finding& finding : CheckFlow(text.program)) findings.push_back(std::move(finding));
+        }
+    } else if (text.Good()) {
+        findings = CheckProgram(text.program, unit_type);
+    } else {
+        for (const SourceFault& fault : text.faults) {
+            if (fault.is_warning) continue;
+            findings.push_back({fault.place, std::nullopt, kError, "source", fault.text});
+        }
     }
-    return {};
+    SortByLine(findings);
+    return findings;
+}
+
+std::string FindingLine(const Finding& finding) {
+    std::string line = "line " + std::to_string(finding.place.line);
+    if (finding.place.column > 0) line += ", column " + std::to_string(finding.place.column);
+    if (finding.IsWarning()) line += ": warning";
+    if (finding.address) line += ": address " + HexByte(*finding.address);
+    return line + ": " + finding.text;
 }
 
 }  // namespace kestrane

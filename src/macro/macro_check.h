@@ -1,27 +1,39 @@
 #pragma once
 
-// A look through a macro file for whatever would keep it from loading or running as meant. Unlike
-// the reader it goes on behind a fault, so that one look finds them all.
+// A look through a macro program for whatever would keep it from loading or running as meant.
+// Unlike the reader it goes on after a fault, so that one look finds them all. Errors come from
+// the text and the single instructions, warnings from the flow of control (`macro_flow.h`).
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "macro/macro_lines.h"
+#include "macro/macro_program.h"
 
 namespace kestrane {
 
 struct Finding {
-    long line;         // from 1; behind the last line for what is missing
-    std::string text;  // one line, without the line number
+    enum class Severity { kError, kWarning };
 
-    bool operator==(const Finding&) const = default;
+    SourcePlace place;                    // line from 1, after the last for what is missing
+    std::optional<std::uint8_t> address;  // of the instruction, if it is about one
+    Severity severity = Severity::kError;
+    std::string_view kind;  // one word, as "operand"
+    std::string text;       // one sentence, in UTF-8
+
+    bool IsWarning() const { return severity == Severity::kWarning; }
 };
 
-// In the order of the file. The unit type chooses the decoded texts that findings quote.
-std::vector<Finding> CheckMacroFile(std::string_view content, std::string_view unit_type);
+// Of a program that was read well or stands in the editor: instructions, triggers and flow, in the
+// order of the addresses. The unit type chooses the decoded texts that findings quote.
+std::vector<Finding> CheckProgram(const MacroProgram& program, std::string_view unit_type);
 
-// "macro triggers and code" and the like, for showing the kind.
-std::string_view MacroFileKindText(MacroFileKind kind);
+// Of a macro file or of source text, told by the content, in the order of the lines. The flow is
+// looked at only if the whole text could be read.
+std::vector<Finding> CheckMacroText(std::string_view content, std::string_view unit_type);
+
+// "line 12: address 10: illegal opcode 06", for people.
+std::string FindingLine(const Finding& finding);
 
 }  // namespace kestrane

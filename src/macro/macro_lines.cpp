@@ -65,7 +65,7 @@ WalkResult::End WalkCode(LineReader& lines, MacroFileKind kind, MacroLineVisitor
 MacroFileKind KindOfMacroFile(std::string_view content) {
     LineReader lines(content);
     if (!lines.Next().value_or("").starts_with(kHeadOfOurFiles)) return MacroFileKind::kBytes;
-    // One column more than the head has: a single blank behind it makes another kind.
+    // One column more than the head has: a single blank after it makes another kind.
     const std::string_view second = lines.Next().value_or("");
     return Columns(second, 1, kTriggersHead.size() + 1) == kTriggersHead
                ? MacroFileKind::kTriggersAndCode
@@ -100,10 +100,13 @@ TriggerLine::TriggerLine(std::string_view line)
              std::string(Columns(line, 18, 19)),
              // Seven columns cut "Disabled" short; only an exact "Enabled" ticks.
              Trimmed(Columns(line, 21, 27)) == "Enabled"},
+      after_page(Columns(line, 17, 17)),
+      state(Trimmed(Columns(line, 21, 75))),
       checksum_matches(SumOfCharacters(Trimmed(Columns(line, 1, 75))) == ChecksumColumns(line)) {}
 
 CodeLine::CodeLine(std::string_view line)
-    : opcode(Columns(line, 4, 5)),
+    : address(Columns(line, 1, 2)),
+      opcode(Columns(line, 4, 5)),
       second_byte(Columns(line, 7, 8)),
       checksum_matches(SumOfCharacters(Columns(line, 1, 9)) == ChecksumColumns(line)) {}
 

@@ -48,10 +48,10 @@ class LineReader {
   public:
     explicit LineReader(std::string_view content) : rest_(content) {}
 
-    // The next line without its end; nothing behind the last.
+    // The next line without its end; nothing after the last.
     std::optional<std::string_view> Next();
 
-    // The number of lines read so far, so that of the line read last.
+    // How many lines have been read: the number of the last one.
     long number() const { return number_; }
 
   private:
@@ -68,12 +68,15 @@ struct TriggerLine {
     explicit TriggerLine(std::string_view line);
 
     TriggerRow fields;
+    std::string after_page;  // column 17: a blank, unless the fields before it are too long
+    std::string state;       // the whole word, of which `fields` has only whether it enables
     bool checksum_matches;
 };
 
 struct CodeLine {
     explicit CodeLine(std::string_view line);
 
+    std::string_view address;      // likewise two columns; nothing is loaded by it
     std::string_view opcode;       // two columns, as they stand
     std::string_view second_byte;  // likewise
     bool checksum_matches;
@@ -87,7 +90,7 @@ class MacroLineVisitor {
     // A line of a file of bytes, for index 0 to 255.
     virtual bool VisitByte(std::size_t index, std::string_view line, long number) = 0;
     virtual bool VisitTrigger(int row, const TriggerLine& line, long number) = 0;
-    // A code line for the two bytes from `index` on. `kind` says if its checksum counts.
+    // A code line for the two bytes from `index` on. `kind` says whether its checksum counts.
     virtual bool VisitCode(std::size_t index, const CodeLine& line, MacroFileKind kind,
                            long number) = 0;
 };

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "macro/assembler.h"
 #include "macro/macro_file.h"
+#include "macro/macro_flow.h"
+#include "macro/program_text.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -13,82 +16,164 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-struct Program {
-    Program() { triggers.fill({"Name", "0", "10", true}); }
-
-    Program& With(std::uint8_t address, std::uint8_t opcode, std::uint8_t second) {
-        image.Set(std::size_t{2} * address, opcode);
-        image.Set(std::size_t{2} * address + 1, second);
-        return *this;
+std::vector<std::string> Check(std::string_view content) {
+    std::vector<std::string> lines;
+    for (const Finding& finding : CheckMacroText(content, "CMS")) {
+        lines.push_back(FindingLine(finding));
     }
-    std::string File() const { return WriteMacroFile("p.sms", triggers, image, "CMS"); }
-
-    MacroMemory image;
-    TriggerRows triggers;
-};
-
-TEST(MacroCheck, ASoundFileHasNoFindings) {
-    const Program program = Program()
-                                .With(0x10, 0x01, 0x10)
-                                .With(0x11, 0xC6, 0x03)
-                                .With(0x12, 0xC7, 0x05)
-                                .With(0x13, 0x4D, 0xFF)
-                                .With(0x14, 0x55, 0x3F)
-                                .With(0x7F, 0xA1, 0x7E);
-    EXPECT_THAT(CheckMacroFile(program.File(), "CMS"), IsEmpty());
-    EXPECT_EQ(KindOfMacroFile(program.File()), MacroFileKind::kTriggersAndCode);
+    return lines;
 }
 
-TEST(MacroCheck, NamesEveryFaultWithItsLine) {
-    Program program;
-    program.triggers[1].name = "";
-    program.With(0x10, 0x06, 0x00)
-        .With(0x11, 0xC6, 0x04)
-        .With(0x12, 0xC7, 0x00)
-        .With(0x13, 0x01, 0x7F)
-        .With(0x14, 0x62, 0x0F)
-        .With(0x15, 0x59, 0x40)
-        .With(0x16, 0x4E, 0x05);
-    std::string file = program.File();
+// "no-wait 10": kinds and addresses of the warnings about a source.
+std::vector<std::string> Warnings(std::string_view source) {
+    std::vector<std::string> lines;
+    for (const Finding& finding : CheckMacroText(source, "CMS")) {
+        lines.push_back(finding.IsWarning()
+                            ? std::string(finding.kind) + " " +
+                                  (finding.address ? HexByte(*finding.address) : "-")
+                            : FindingLine(finding));
+    }
+    return lines;
+}
+
+std::string FileOf(std::string_view source) {
+    const MacroProgram program = Assemble(source).program;
+    return WriteMacroFile("p.sms", program.Rows(), program.image, "CMS");
+}
+
+TEST(MacroCheck, NamesEveryFaultOfAFileWithItsLine) {
+    std::string file = FileOf(
+        "trigger 1 \"Name\" enabled 10\n"
+        "BYTES 06 00\nBYTES C6 04\nBYTES C7 00\nBYTES 01 7F\nBYTES 62 0F\nBYTES 59 40\n"
+        "BYTES 4E 05\n");
     file[file.rfind("7E 00") + 3] = '5';
     EXPECT_THAT(
-        CheckMacroFile(file, "CMS"),
+        Check(file),
         ElementsAre(
-            Finding{4, "checksum error in macro trigger 2, which has no name"},
-            Finding{12, "address 10: illegal opcode 06"},
-            Finding{13, "address 11: alarm status above 3: C6 04, Alarm status"},
-            Finding{14, "address 12: preferred supply outside 1 to 5: C7 00, Preferred Supply:"},
-            Finding{15, "address 13: jump outside 10 to 7E: 01 7F, Goto address 7F"},
-            Finding{16,
-                    "address 14: jump outside 10 to 7E: 62 0F, "
-                    "Set GPI1 as input, low interrupt address 0F"},
-            Finding{17,
-                    "address 15: outlet mask with bits for outlets 15 and 16: 59 40, "
-                    "Backup (B) lock off 9 - 14 ( 15 )"},
-            Finding{18, "address 16: no outlet 15"}, Finding{122, "checksum error in macro code"},
-            Finding{122, "address 7E: illegal opcode 50"}));
+            "line 12: address 10: illegal opcode 06",
+            "line 13: address 11: alarm status above 3: C6 04, Alarm status",
+            "line 14: address 12: preferred supply outside 1 to 5: C7 00, Preferred Supply:",
+            "line 15: address 13: jump outside 10 to 7E: 01 7F, Goto address 7F",
+            "line 16: address 14: jump outside 10 to 7E: 62 0F, "
+            "Set GPI1 as input, low interrupt address 0F",
+            "line 17: address 15: outlet mask with bits for outlets 15 and 16: 59 40, "
+            "Backup (B) lock off 9 - 14 ( 15 )",
+            "line 18: address 16: no outlet 15", "line 122: checksum error in macro code",
+            "line 122: address 7E: illegal opcode 50"));
+    EXPECT_THAT(Check(FileOf("Stop")), IsEmpty());
 }
 
-TEST(MacroCheck, FilesOfBytesAndEarlyEnds) {
+TEST(MacroCheck, FindsTriggersThatLoadWrong) {
+    const std::pair<TriggerRow, const char*> kRows[] = {
+        {{"", "0", "10", false}, "checksum error in macro trigger 2, which has no name"},
+        {{"A", "", "10", false}, "trigger 2 has no page"},
+        {{"A", "10", "10", false}, "trigger 2 has a page that is not a number from 0 to 9"},
+        {{"A", "x", "10", false}, "trigger 2 has a page that is not a number from 0 to 9"},
+        {{"A", "0", "7F", true}, "trigger 2 is enabled and its address \"7F\" is not one from 10"},
+        {{"A", "0", "0F", true}, "trigger 2 is enabled and its address \"0F\""},
+        {{"A", "0", "G0", true}, "trigger 2 is enabled and its address \"G0\""},
+    };
+    for (const auto& [row, text] : kRows) {
+        TriggerRows rows;
+        rows.fill({"Name", "9", "7F", false});
+        rows[1] = row;
+        const auto lines = Check(WriteMacroFile("p.sms", rows, {}, "CMS"));
+        ASSERT_FALSE(lines.empty()) << text;
+        EXPECT_THAT(lines[0], testing::StartsWith(std::string("line 4: ") + text));
+    }
+    std::string file = FileOf("trigger 1 \"A\" enabled 10\nStop");
+    for (const char* state : {"enabled", "Enable1"}) {
+        std::string other = file;
+        other.replace(other.find("Enabled"), 7, state);
+        const auto sum = SumOfCharacters(Trim(other.substr(other.find("\nA") + 1, 75)));
+        other.replace(
+            other.find("\nA") + 76, 4,
+            HexByte(static_cast<std::uint8_t>(sum >> 8)) + HexByte(static_cast<std::uint8_t>(sum)));
+        EXPECT_THAT(Check(other), ElementsAre(HasSubstr("line 3: the state of trigger 1 is \"" +
+                                                        std::string(state) + "\"")));
+    }
+}
+
+TEST(MacroCheck, FilesOfBytesOfCodeAloneAndEarlyEnds) {
     std::string bytes;
     for (int i = 0; i < 256; ++i) bytes += i == 32 ? "C6\r\n" : i == 33 ? "09\r\n" : "00\r\n";
-    EXPECT_EQ(KindOfMacroFile(bytes), MacroFileKind::kBytes);
-    EXPECT_THAT(CheckMacroFile(bytes, ""),
-                ElementsAre(Finding{34, "address 10: alarm status above 3: C6 09, Alarm status"}));
-    bytes.replace(0, 2, "xy");
-    EXPECT_THAT(CheckMacroFile(bytes.substr(0, 40), ""),
-                ElementsAre(Finding{1, "no byte of two hexadecimal digits"},
-                            Finding{11, "the file ends early"}));
-    EXPECT_THAT(CheckMacroFile("", ""), ElementsAre(Finding{1, "the file ends early"}));
+    EXPECT_THAT(Check(bytes), ElementsAre(HasSubstr("line 33: address 10: alarm status above 3")));
+    bytes.replace(4, 2, "0a");
+    EXPECT_THAT(Check(bytes.substr(0, 40)),
+                ElementsAre("line 2: the line is not two hexadecimal digits",
+                            "line 11: the file ends early"));
+    std::string code = "'Kestrane\r\n";
+    for (int i = 0x10; i < 0x80; ++i) {
+        code += i == 0x13 ? "13 g0 00\n" : i == 0x20 ? "21 00 00\n" : "   00 00\n";
+    }
+    EXPECT_THAT(Check(code),
+                ElementsAre("line 5: columns 4 to 8 are not two bytes of two hexadecimal digits",
+                            "line 18: the line says address 21, but is loaded at 20"));
 }
 
-TEST(MacroCheck, CodeWithoutChecksums) {
-    std::string file = "'Kestrane\r\n";
-    for (int i = 0; i < 112; ++i) file += i == 3 ? "13 g0 00\n" : "10 00 00\n";
-    const auto findings = CheckMacroFile(file, "");
-    ASSERT_EQ(findings.size(), 1u);
-    EXPECT_EQ(findings[0].line, 5);
-    EXPECT_THAT(findings[0].text, HasSubstr("columns 4 to 8"));
+TEST(MacroCheck, SourceIsToldByItsContent) {
+    EXPECT_TRUE(IsSourceText("; 'Kestrane"));
+    EXPECT_TRUE(IsSourceText("00 \n"));
+    EXPECT_TRUE(IsSourceText(""));
+    EXPECT_FALSE(IsSourceText("c6\r\n"));
+    EXPECT_FALSE(IsSourceText("'Kestranes"));
+    EXPECT_THAT(Check("Stop\n GOTO nowhere"),
+                ElementsAre(HasSubstr("line 2, column 7: label nowhere is not defined")));
+}
+
+// A program with a warning, and a near twin without.
+TEST(MacroFlow, EachKindOfWarningAndItsNearTwin) {
+    struct Case {
+        const char* with;
+        const char* warning;
+        const char* without;
+    };
+    const Case kCases[] = {
+        {"GOTO end\nON 1 1\nend: Stop", "unreached 11", "COUNT1 DEC end\nON 1 1\nend: Stop"},
+        {"Stop\nat 40: ON 1 1\nOFF 1 1", "unreached 40",
+         "trigger 1 \"A\" enabled 40\nStop\nat 40: ON 1 1\nOFF 1 1"},
+        {"trigger 1 \"A\" disabled 40\nStop\nat 40: ON 1 1", "unreached 40",
+         "GPI1 LOW INT 40\nStop\nat 40: ON 1 1"},
+        {"Stop\nat 40: ON/OFF ON INT 41\nON 1 1", "unreached 40",
+         "ON/OFF ON INT 40\nStop\nat 40: SUPPLY LOSS INT 50\nat 50: ON 1 1"},
+        {"loop: COUNT1 INC end\nGOTO loop\nend: Stop", "no-wait 10",
+         "loop: COUNT1 INC end\nWAIT 1\nGOTO loop\nend: Stop"},
+        {"GOTO .", "no-wait 10", "Stop"},
+        {"WAIT 1\nloop: ALARM STATUS 1\nWAIT 0\nGOTO loop", "no-wait 11",
+         "WAIT 1\nloop: ALARM STATUS 1\nWAIT 0.1\nGOTO loop"},
+        {"loop: ON 1 0\nOFF 1 0\nGOTO loop", "no-wait 10", "loop: ON 1 0\nOFF 1 0.1\nGOTO loop"},
+        {"GOTO 7E\nat 7E: ON 1 1\nON 2 1", "runs-off 7F", "GOTO 7E\nat 7E: ON 1 1\nStop"},
+        {"GOTO 41\nat 40: Stop", "unprogrammed 10", "GOTO 40\nat 40: Stop"},
+        {"trigger 1 \"A\" enabled 41\nStop", "unprogrammed -", "trigger 1 \"A\" disabled 41\nStop"},
+        {"GPI1 LOW INT 41\nStop", "unprogrammed 10", "BYTES 64 41\nStop"},
+        {"ON 1 1\nON 2 0\nStop", "inrush 11", "ON 1 1\nON 2 0.1\nStop"},
+        {"ON 1 1\nCOUNT1 LOAD 2\nWAIT 0\nON 2 0 ALWAYS\nStop", "inrush 13",
+         "ON 1 1\nCOUNT1 LOAD 2\nWAIT 0.1\nON 2 0 ALWAYS\nStop"},
+        {"ALL ON 0\nStop", "inrush 10", "ALL OFF 0\nStop"},
+        {"ON 1 1\nOFF 2 0\nON 3 0\nStop", "inrush 12", "OFF 1 1\nOFF 2 0\nON 3 0\nStop"},
+        {"ON 1 1\nON 1 1\nStop", "repeated 11", "ON 1 1\nON 1 1 ALWAYS\nStop"},
+        {"ALL OFF 1\nOFF 14 1\nStop", "repeated 11", "ALL OFF 1\nON 14 1\nStop"},
+        {"OFF 3 1 ALWAYS\nOFF 3 1\nStop", "repeated 11", "OFF 3 1 ALWAYS\nOFF 4 1\nStop"},
+    };
+    for (const Case& each : kCases) {
+        EXPECT_THAT(Warnings(each.with), ElementsAre(each.warning)) << each.with;
+        EXPECT_THAT(Warnings(each.without), IsEmpty()) << each.without;
+    }
+}
+
+// In a file a stop after a stop was never programmed; the first one was.
+TEST(MacroFlow, AnImageShowsWhatWasProgrammed) {
+    const auto warnings = [](std::string_view source) {
+        std::vector<std::string> kinds;
+        for (const Finding& each : CheckMacroText(FileOf(source), "CMS")) {
+            kinds.push_back(std::string(each.kind) + " " + std::to_string(each.place.line));
+        }
+        return kinds;
+    };
+    EXPECT_THAT(warnings("ON 1 1\nGOTO 12"), IsEmpty());
+    EXPECT_THAT(warnings("ON 1 1\nGOTO 13"), ElementsAre("unprogrammed 13"));
+    EXPECT_THAT(warnings("trigger 3 \"A\" enabled 11\nON 1 1"), IsEmpty());
+    EXPECT_THAT(warnings("trigger 3 \"A\" enabled 12\nON 1 1"), ElementsAre("unprogrammed 5"));
 }
 
 }  // namespace
