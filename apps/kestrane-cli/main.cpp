@@ -103,7 +103,9 @@ int Run(CommandLine& line) {
                             input = std::make_unique<InputLines>(
                                 STDIN_FILENO,
                                 [on_line](const InputLine& text) { on_line(text.text); }, on_end);
-                        }};
+                        },
+                        {},
+                        [](const std::string& text) { WriteLine(stderr, text); }};
     const int status = line.chosen->Run(context);
     host.tcpsend.Close();
     host.loop.Exit(status);

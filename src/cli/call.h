@@ -39,6 +39,9 @@ struct CallContext {
     // In a run over many units: takes the result of the call for this unit, the object that --json
     // prints (`print` gets the text only). Not set for one unit alone.
     std::function<void(const Json& result)> report = {};
+    // A line of standard error as it stands, for what other programs read; `complain` serves where
+    // it is not set.
+    std::function<void(const std::string&)> error_line = {};
 };
 
 class Call {

@@ -1,57 +1,83 @@
 #include "cli/macro_call.h"
 
 #include <CLI/CLI.hpp>
-#include <map>
 
 #include "cli/call_driver.h"
-#include "cli/macro_listing.h"
+#include "cli/macro_offline.h"
 #include "macro/whole_file.h"
 #include "text/text.h"
 
 namespace kestrane {
 namespace {
 
-// The unit's own names of the types that the command line takes.
-const std::map<std::string, std::string> kTypes = {{"cms", "CMS"}, {"636", "636"}, {"single", ""}};
+constexpr char kMacroFile[] = "The macro file (.sms) or source text";
 
 class MacroCall : public Call {
   public:
     const char* name() const override { return "macro"; }
     const char* description() const override {
-        return "List and check macro files, move a program between a file and the unit";
+        return "Write, check and simulate macros, move a program between a file and the unit";
     }
 
     void AddTo(CLI::App& app) override {
         app.require_subcommand(1);
         CLI::App* list = Add(app, "list", "Print the program: address, bytes, text", Kind::kList);
-        list->add_option("--type", type_, "The unit that it is for: cms (default), 636, single")
-            ->check(CLI::IsMember({"cms", "636", "single"}));
-        list->add_flag("--json", json_, "Print one JSON list: address, opcode, second, text");
-        Add(app, "check", "Say what is wrong with the file; exit status 0 or 2", Kind::kCheck);
+        AddType(*list);
+        list->add_flag("--json", options_.json,
+                       "Print one JSON list: address, opcode, second, text");
+        AddCheck(app);
+        CLI::App* assemble =
+            Add(app, "assemble", "Make a macro file of source text", Kind::kAssemble);
+        AddType(*assemble);
+        assemble->add_option("-o", options_.output,
+                             "The macro file to write (.sms); without it the file is printed");
+        CLI::App* disassemble =
+            Add(app, "disassemble", "Make source text of a macro file", Kind::kDisassemble);
+        AddType(*disassemble);
+        disassemble->add_option("-o", options_.output,
+                                "The source text to write; without it the text is printed");
+        AddSimulate(app);
         Add(app, "download", "Save the unit's program and macro triggers in the file",
             Kind::kDownload);
-        Add(app, "upload", "Write the file's program into the unit, and read it back",
-            Kind::kUpload);
+        CLI::App* upload = Add(app, "upload",
+                               "Write the file's program into the unit, and read "
+                               "it back",
+                               Kind::kUpload);
+        upload->add_flag("--triggers", options_.triggers, "Write its macro triggers, too");
     }
 
     // Reads the file of all but a download, so that nothing is sent for one that can't be used.
     std::string Check(Tool& /*tool*/) override {
+        if (!ParseUnitType(options_.type)) {
+            return "--type takes CMS, 636 or single, not \"" + options_.type + "\"";
+        }
+        const std::string& output = options_.output;
+        if (kind_ == Kind::kAssemble && !output.empty() && output != "-" &&
+            !UpperCase(output).ends_with(".SMS")) {
+            return "-o takes a file that ends in .sms, not " + output;
+        }
+        if (kind_ == Kind::kSimulate) {
+            if (std::string fault = SimulationOptionsFault(options_); !fault.empty()) return fault;
+        }
         if (kind_ == Kind::kDownload) return {};
-        FileContent file = ReadWholeFile(file_);
-        if (file.error) return "cannot read " + file_ + ": " + *file.error;
+        FileContent file = ReadWholeFile(options_.file);
+        if (file.error) return "cannot read " + options_.file + ": " + *file.error;
         content_ = std::move(file.content);
-        if (kind_ == Kind::kCheck) return {};
-        std::string error;
-        program_ = ProgramOfFile(content_, error);
-        return program_ ? std::string() : file_ + ": " + error;
+        return {};
     }
 
     int Run(CallContext& context) override {
         switch (kind_) {
             case Kind::kList:
-                return List(context);
+                return ListMacro(context, options_, content_);
             case Kind::kCheck:
-                return CheckFile(context);
+                return CheckMacro(context, options_, content_);
+            case Kind::kAssemble:
+                return AssembleMacro(context, options_, content_);
+            case Kind::kDisassemble:
+                return DisassembleMacro(context, options_, content_);
+            case Kind::kSimulate:
+                return SimulateMacro(context, options_, content_);
             case Kind::kDownload:
                 return Download(context);
             case Kind::kUpload:
@@ -61,29 +87,54 @@ class MacroCall : public Call {
     }
 
   private:
-    enum class Kind { kList, kCheck, kDownload, kUpload };
+    enum class Kind { kList, kCheck, kAssemble, kDisassemble, kSimulate, kDownload, kUpload };
 
     CLI::App* Add(CLI::App& app, const char* name, const char* description, Kind kind) {
         CLI::App* sub = app.add_subcommand(name, description);
-        sub->add_option("FILE", file_, "The macro file (.sms)")->required();
+        sub->add_option(kind == Kind::kAssemble ? "SRC" : "FILE", options_.file,
+                        kind == Kind::kDownload ? "The macro file (.sms)" : kMacroFile)
+            ->required();
         sub->callback([this, kind] { kind_ = kind; });
         return sub;
     }
 
-    int List(CallContext& context) {
-        const std::string& unit_type = kTypes.at(type_);
-        if (json_) {
-            context.print(ProgramAsJson(*program_, unit_type));
-            return kExitDone;
-        }
-        for (const std::string& line : ProgramAsLines(*program_, unit_type)) context.print(line);
-        return kExitDone;
+    void AddType(CLI::App& sub) {
+        sub.add_option("--type", options_.type,
+                       "The unit that it is for: CMS (default), 636, single");
     }
 
-    int CheckFile(CallContext& context) {
-        const CheckedFile checked = CheckedMacroFile(content_, kTypes.at(type_));
-        for (const std::string& line : checked.lines) context.print(line);
-        return checked.good ? kExitDone : kExitUsage;
+    void AddCheck(CLI::App& app) {
+        CLI::App* check = Add(app, "check",
+                              "Say what is wrong with the program, and what its flow of control "
+                              "makes doubtful; exit status 0 or 2",
+                              Kind::kCheck);
+        AddType(*check);
+        check->add_flag("--json", options_.json, "Print one JSON list of findings");
+        check->add_flag("--strict", options_.strict, "Warnings, too, make the exit status 2");
+    }
+
+    void AddSimulate(CLI::App& app) {
+        CLI::App* sub = Add(app, "simulate",
+                            "Run the program as the demo unit runs it, without "
+                            "one and at once",
+                            Kind::kSimulate);
+        AddType(*sub);
+        CLI::Option* from = sub->add_option("--from", options_.from,
+                                            "The address or label to begin at (default 10)");
+        sub->add_option("--trigger", options_.trigger, "Begin where this macro trigger goes to")
+            ->excludes(from);
+        sub->add_option("--for", options_.run_for, "Seconds to run at most (default 3600)");
+        sub->add_option("--event", options_.events,
+                        "What comes from outside, as often as needed: 'TIME: switch on|off', "
+                        "'TIME: gpi N high|low', 'TIME: supply lost|back'")
+            ->take_all();
+        sub->add_option("--outlets", options_.outlets, "Those that are on at first: 'on 1 3 5'")
+            ->each([this](const std::string&) { options_.outlets_given = true; });
+        CLI::Option* json = sub->add_flag("--json", options_.json, "Print one JSON object");
+        CLI::Option* csv = sub->add_flag("--csv", options_.csv, "Print comma-separated values");
+        CLI::Option* svg = sub->add_option("--svg", options_.svg, "Draw the outlets over time");
+        csv->excludes(json);
+        svg->excludes(json)->excludes(csv);
     }
 
     static bool Connect(CallDriver& driver) {
@@ -94,16 +145,19 @@ class MacroCall : public Call {
         CallDriver driver(context);
         std::optional<MacroFiles::Fault> fault;
         const bool good = Connect(driver) && driver.InMacroEditor([&] {
-            fault = context.tool.macro_editor.files().Save(file_);
+            fault = context.tool.macro_editor.files().Save(options_.file);
         });
         if (fault) context.complain(fault->text);
         if (!good) context.complain(driver.Failure());
         if (fault || !good) return kExitUnit;
-        context.print("saved the unit's program in " + file_);
+        context.print("saved the unit's program in " + options_.file);
         return kExitDone;
     }
 
     int Upload(CallContext& context) {
+        const auto text = UsableProgram(context, options_.file, content_);
+        if (!text) return kExitUsage;
+        program_ = text->program.image;
         CallDriver driver(context);
         MacroMemory& image = context.tool.macro_editor.state().image;
         ScriptEditForm& editor = context.tool.script_edit_form;
@@ -122,10 +176,10 @@ class MacroCall : public Call {
         if (refusal) context.complain(*refusal);
         if (!good || refusal) return kExitUnit;
         if (differing.empty()) {
-            context.print("the unit holds the program of " + file_);
+            context.print("the unit holds the program of " + options_.file);
             return kExitDone;
         }
-        context.complain("the unit's program differs from " + file_ + " at address " +
+        context.complain("the unit's program differs from " + options_.file + " at address " +
                          differing.front() + " and " + std::to_string(differing.size() - 1) +
                          " others; upload it again");
         return kExitUnit;
@@ -143,9 +197,7 @@ class MacroCall : public Call {
     }
 
     Kind kind_ = Kind::kList;
-    std::string file_;
-    std::string type_ = "cms";
-    bool json_ = false;
+    MacroOptions options_;
     std::string content_;
     std::optional<MacroMemory> program_;
 };

@@ -2,29 +2,12 @@
 
 #include "macro/whole_file.h"
 #include "text/text.h"
+#include "text/utf8.h"
 
 namespace kestrane {
 namespace {
 
 constexpr char kWarning[] = "\r\nImport aborted. Please do not upload to unit.";
-
-// A path as a byte text: names come in UTF-8, and what Latin-1 lacks is shown as "?".
-std::string Shown(std::string_view path) {
-    std::string shown;
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(path[i]);
-        const auto next = i + 1 < path.size() ? static_cast<unsigned char>(path[i + 1]) : 0u;
-        if ((byte == 0xC2 || byte == 0xC3) && (next & 0xC0) == 0x80) {
-            shown.push_back(static_cast<char>((byte & 0x03) << 6 | (next & 0x3F)));
-            ++i;
-        } else if (byte < 0x80) {
-            shown.push_back(path[i]);
-        } else if ((byte & 0xC0) != 0x80) {
-            shown.push_back('?');
-        }
-    }
-    return shown;
-}
 
 class Importer : public MacroFileSink {
   public:
@@ -101,9 +84,9 @@ std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
     TriggerRows rows;
     for (int i = 0; i < kTriggerRows; ++i) rows[static_cast<std::size_t>(i)] = Row(i);
     const std::string content =
-        WriteMacroFile(Shown(NameWithoutFolders(path)), rows, state_.image, session_.UnitType);
+        WriteMacroFile(NearestByteText(NameWithoutFolders(path)), rows, state_.image, session_.UnitType);
     if (const auto reason = ReplaceFile(path, content)) {
-        return Fault{"File Error.", "Cannot save " + Shown(path) + ": " + *reason + "."};
+        return Fault{"File Error.", "Cannot save " + NearestByteText(path) + ": " + *reason + "."};
     }
     for (int i = 0; i < kTriggerRows; ++i) {
         main_form_.triggers.txtMTName(i).SetText(rows[static_cast<std::size_t>(i)].name);
@@ -115,7 +98,7 @@ std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
 std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
     const FileContent file = ReadWholeFile(path);
     if (file.error) {
-        return Fault{"File Error.", "Cannot read " + Shown(path) + ": " + *file.error + "."};
+        return Fault{"File Error.", "Cannot read " + NearestByteText(path) + ": " + *file.error + "."};
     }
     Importer importer(main_form_.triggers, session_, state_);
     const MacroFileResult result = ReadMacroFile(file.content, importer);
@@ -123,7 +106,7 @@ std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
         case MacroFileResult::Outcome::kOk:
             return {};
         case MacroFileResult::Outcome::kEndsEarly:
-            return Fault{"File Error.", Shown(path) + " ends early, behind line" +
+            return Fault{"File Error.", NearestByteText(path) + " ends early, behind line" +
                                             Str(result.line) + "." + kWarning};
         case MacroFileResult::Outcome::kTriggerChecksum:
         case MacroFileResult::Outcome::kCodeChecksum:

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 namespace kestrane {
 
@@ -13,7 +14,7 @@ class MacroMemory {
   public:
     static constexpr std::size_t kSize = 512;
 
-    // The program as it is shown and transferred: indices of its first byte and behind its last.
+    // The program as it is shown and transferred: index of its first byte, and one past its last.
     static constexpr std::size_t kProgramBegin = 32;
     static constexpr std::size_t kProgramEnd = 256;
 
@@ -31,6 +32,8 @@ class MacroMemory {
     std::uint8_t SecondByte(std::uint8_t address) const {
         return Get(std::size_t{2} * address + 1);
     }
+
+    std::span<const std::uint8_t, kSize> Bytes() const { return bytes_; }
 
     bool operator==(const MacroMemory&) const = default;
 

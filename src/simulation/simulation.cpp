@@ -29,7 +29,8 @@ std::string Plain(std::string_view words) {
 }
 
 Event Switched(Milliseconds at, std::uint16_t before, std::uint16_t after) {
-    Event event{.at = at, .address = {}, .words = {}};
+    Event event;
+    event.at = at;
     event.on = static_cast<std::uint16_t>(after & ~before);
     event.off = static_cast<std::uint16_t>(before & ~after);
     return event;
@@ -97,7 +98,7 @@ MostOn MostWithinASecond(const std::vector<Event>& events) {
 
 class Runs {
   public:
-    Runs(MacroImage image, const Start& start) : simulation_(image, start) {}
+    Runs(MacroImage image, const Start& start) : simulation_(image, start) { run_.start = start; }
 
     // Runs up to `time`; false when the run has ended before. `last`: no input is to come.
     bool Until(Milliseconds time, bool last);

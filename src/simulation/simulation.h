@@ -43,7 +43,7 @@ std::optional<Milliseconds> ParseSeconds(std::string_view text);
 std::string SecondsText(Milliseconds time);
 
 struct Event {
-    Milliseconds at;
+    Milliseconds at{0};
     std::optional<std::uint8_t> address;  // of the instruction that took effect
     std::string words;                    // of what is not an instruction
     std::uint16_t on = 0;                 // outlets switched on by it; bit 0 is outlet 1
@@ -103,6 +103,7 @@ struct MostOn {
 struct Timeline {
     enum class Why : std::uint8_t { kStop, kTime, kRepeats };
 
+    Start start;
     std::vector<Event> events;
     Milliseconds end{0};
     Why why = Why::kTime;

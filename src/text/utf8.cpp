@@ -54,4 +54,21 @@ std::string FromByteText(std::string_view bytes) {
     return utf8;
 }
 
+std::string NearestByteText(std::string_view utf8) {
+    std::string shown;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(utf8[i]);
+        const auto next = i + 1 < utf8.size() ? static_cast<unsigned char>(utf8[i + 1]) : 0u;
+        if ((byte == 0xC2 || byte == 0xC3) && (next & 0xC0) == 0x80) {
+            shown.push_back(static_cast<char>((byte & 0x03) << 6 | (next & 0x3F)));
+            ++i;
+        } else if (byte < 0x80) {
+            shown.push_back(utf8[i]);
+        } else if ((byte & 0xC0) != 0x80) {
+            shown.push_back('?');
+        }
+    }
+    return shown;
+}
+
 }  // namespace kestrane

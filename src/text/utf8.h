@@ -20,5 +20,7 @@ bool IsUtf8(std::string_view text);
 // Nothing if the text is not UTF-8 or holds a character above U+00FF.
 std::optional<std::string> ToByteText(std::string_view utf8);
 std::string FromByteText(std::string_view bytes);
+// As for a path that may be anything: what has no byte becomes "?".
+std::string NearestByteText(std::string_view utf8);
 
 }  // namespace kestrane

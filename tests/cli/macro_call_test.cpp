@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "cli/macro_listing.h"
+#include "cli/macro_options.h"
 #include "console/console_test_support.h"
 #include "macro/macro_file.h"
 #include "macro/whole_file.h"
@@ -83,32 +83,145 @@ TEST_F(MacroCallTest, ListsAProgramForATypeOfUnit) {
     ASSERT_EQ(list.size(), 112u);
     EXPECT_EQ(list[1].dump(), R"({"address":"11","opcode":"C0","second":"2A",)"
                               R"("text":"Set supply loss interrupt address to 2A"})");
-    EXPECT_EQ(Run({"list", file, "--type", "other"}), -1);
+    EXPECT_EQ(Run({"list", file, "--type", "other"}), kExitUsage);
     EXPECT_EQ(Run({"list", file + "x"}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
 }
 
-TEST_F(MacroCallTest, ChecksAFileWithLineNumbers) {
-    WriteFile(FileOf(0x01, 0x10));
+TEST_F(MacroCallTest, ChecksFilesAndSource) {
+    WriteFile(FileOf(0x02, 0x10));
     EXPECT_EQ(Run({"check", file}), kExitDone);
-    EXPECT_EQ(printed, (Words{"kind: macro triggers and code", "no faults"}));
-    std::string content = FileOf(0x01, 0x10);
-    content[content.find("\r\n12 01") + 5] = '7';
-    WriteFile(content);
-    printed.clear();
+    EXPECT_EQ(printed, (Words{"kind: macro triggers and code",
+                              "line 123: warning: address 7F: the program runs on past its last "
+                              "address; end it with a stop"}));
+    EXPECT_EQ(Run({"check", file, "--strict", "--json"}), kExitUsage);
+    EXPECT_EQ(Json::parse(printed.back())[0].dump(),
+              R"({"line":123,"column":null,"address":"7F","severity":"warning","kind":"runs-off",)"
+              R"("text":"the program runs on past its last address; end it with a stop"})");
+    WriteFile("; a remark\n  GOTO nowhere\n Stopp");
     EXPECT_EQ(Run({"check", file}), kExitUsage);
-    ASSERT_GE(printed.size(), 2u);
-    EXPECT_EQ(printed[1].substr(0, 8), "line 14:");
+    ASSERT_EQ(complaints.size(), 2u);
+    EXPECT_EQ(complaints[0], file +
+                                 ":2:8: label nowhere is not defined; write \"nowhere:\" before "
+                                 "an instruction");
+    EXPECT_EQ(Run({"check", file, "--json"}), kExitUsage);
+    EXPECT_EQ(Json::parse(printed.back())[1]["column"], 2);
+    EXPECT_EQ(complaints.size(), 2u);
+}
+
+TEST_F(MacroCallTest, AssemblesWhatSaveFileWouldWrite) {
+    const std::string source = file + ".txt";
+    std::ofstream(source) << "trigger 2 \"Caf\xC3\xA9\" enabled on\nstart: Stop\n"
+                             "on: SUPPLY LOSS INT start\n";
+    for (const auto& [type, unit_type] : {std::pair("cms", "CMS"), {"Single", ""}}) {
+        EXPECT_EQ(Run({"assemble", source, "--type", type, "-o", file}), kExitDone);
+        const std::string assembled = ReadWholeFile(file).content;
+        const ProgramText text = ReadProgramText(assembled);
+        ASSERT_TRUE(text.Good());
+        tool.session.UnitType = unit_type;
+        tool.macro_editor.state().image = text.program.image;
+        for (int row = 0; row < kTriggerRows; ++row) {
+            const TriggerRow fields = text.program.Rows()[static_cast<std::size_t>(row)];
+            tool.main_form.triggers.txtMTName(row).SetText(fields.name);
+            tool.main_form.triggers.txtMTPage(row).SetText(fields.page);
+            tool.main_form.triggers.txtMTAddress(row).SetText(fields.address);
+            tool.main_form.triggers.chkMacro(row).SetChecked(fields.enabled);
+        }
+        EXPECT_EQ(tool.main_form.triggers.txtMTName(1).Text(), "Caf\xE9");
+        EXPECT_FALSE(tool.macro_editor.files().Save(file));
+        EXPECT_EQ(ReadWholeFile(file).content, assembled);
+        EXPECT_EQ(Run({"disassemble", file}), kExitDone);
+        EXPECT_NE(printed.back().find("trigger 2 \"Caf\xC3\xA9\" enabled"), std::string::npos);
+    }
+    std::ofstream(source) << "OFF 15 1\n";
+    std::filesystem::remove(file);
+    EXPECT_EQ(Run({"assemble", source, "-o", file}), kExitUsage);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(Run({"assemble", source, "-o", source}), kExitUsage);
+    std::filesystem::remove(source);
+}
+
+TEST_F(MacroCallTest, SimulatesAndSaysWhatAValueIsNot) {
+    WriteFile("trigger 2 \"A\" disabled run\nStop\nrun: ON 1 0.5\nOFF 3 0 ALWAYS\n");
+    EXPECT_EQ(
+        Run({"simulate", file, "--trigger", "2", "--outlets", "on 3", "--json", "--type", "636"}),
+        kExitDone);
+    EXPECT_EQ(printed.back(),
+              R"({"type":"636","start":"11","events":[)"
+              R"({"ms":500,"address":"11","text":"Turn on outlet 1 after 0.5 seconds, )"
+              R"(skip if already on","on":[1],"off":[]},)"
+              R"({"ms":501,"address":"12","text":"Turn off outlet 3 after fixed delay of 0.0 )"
+              R"(seconds","on":[],"off":[3]},{"ms":502,"address":"13","text":"Stop",)"
+              R"("on":[],"off":[]}],"end":{"ms":502,"why":"stop"},"repeats":null,"outlets":[1],)"
+              R"("most_on":{"count":1,"from_ms":500}})");
+    printed.clear();
+    EXPECT_EQ(Run({"simulate", file, "--from", "run", "--csv"}), kExitDone);
+    EXPECT_EQ(printed[0].substr(0, printed[0].find('\n', 30)),
+              "ms,address,text,on,off\n"
+              "500,11,\"Turn on outlet 1 after 0.5 seconds, skip if already on\",1,");
+    for (const Words& wrong : {Words{"--from", "7F"},
+                               {"--from", "x"},
+                               {"--trigger", "1"},
+                               {"--trigger", "9"},
+                               {"--for", "1.2345"},
+                               {"--for", ""},
+                               {"--event", "1 switch on"},
+                               {"--event", "1: gpi 5 low"},
+                               {"--outlets", "1 3"},
+                               {"--outlets", "on 15"},
+                               {"--outlets", ""},
+                               {"--type", "x"}}) {
+        Words words{"simulate", file};
+        words.insert(words.end(), wrong.begin(), wrong.end());
+        EXPECT_EQ(Run(words), kExitUsage) << wrong[0] << " " << wrong[1];
+    }
+    EXPECT_EQ(Run({"simulate", file, "--from", "10", "--trigger", "2"}), -1);
+    EXPECT_EQ(Run({"simulate", file, "--csv", "--json"}), -1);
+}
+
+// The examples are what a reader tries first, so they must be free of warnings and do what their
+// remarks say.
+TEST_F(MacroCallTest, TheExamplesAreSoundAndDoWhatTheySay) {
+    const std::string folder = KESTRANE_SOURCE_DIR "/examples/macros/";
+    const auto run = [&](const std::string& name, Words words) {
+        EXPECT_EQ(Run({"check", folder + name, "--strict"}), kExitDone) << printed.back();
+        words.insert(words.begin(), {"simulate", folder + name, "--json"});
+        EXPECT_EQ(Run(words), kExitDone);
+        return Json::parse(printed.back());
+    };
+    const Json staged = run("staged-start.txt", {});
+    EXPECT_EQ(staged["outlets"].size(), 14u);
+    EXPECT_EQ(staged["most_on"]["count"], 5);
+    const Json off = run("staged-start.txt", {"--event", "60: switch off"});
+    EXPECT_EQ(off["outlets"].size(), 0u);
+    const Json held =
+        run("supply-hold-off.txt", {"--type", "single", "--outlets", "on 1 2 3 4 5", "--event",
+                                    "10: supply lost", "--event", "20: supply back", "--event",
+                                    "40: supply lost", "--event", "60: supply back"});
+    EXPECT_EQ(held["outlets"], Json({1, 2, 3, 4, 5}));
+    EXPECT_EQ(held["end"]["ms"], 98'003);
+    Words lows{"--outlets", "on 5"};
+    for (const char* at : {"10", "400", "800", "1200"}) {
+        for (const char* edge : {": gpi 1 low", ".5: gpi 1 high"}) {
+            lows.insert(lows.end(), {"--event", std::string(at) + edge});
+        }
+    }
+    EXPECT_EQ(run("gpi-reboot.txt", lows)["outlets"].size(), 0u) << "it gives up the fourth time";
+    lows.resize(lows.size() - 4);
+    EXPECT_EQ(run("gpi-reboot.txt", lows)["outlets"], Json({5}));
+    const Json night = run("night-shutdown.txt",
+                           {"--trigger", "1", "--outlets", "on 1 2 3 4 5 6 7", "--for", "86400"});
+    EXPECT_EQ(night["outlets"].size(), 7u);
+    EXPECT_NEAR(night["end"]["ms"].get<double>(), 10 * 3'600'000 + 78'000, 100);
 }
 
 TEST_F(MacroCallTest, MovesAProgramDownAndUp) {
     const std::string before = UnitProgram();
     EXPECT_EQ(Run({"download", file}), kExitDone) << complaints.size();
-    std::string error;
-    const auto program = ProgramOfFile(ReadWholeFile(file).content, error);
-    ASSERT_TRUE(program) << error;
+    const ProgramText saved = ReadProgramText(ReadWholeFile(file).content);
+    ASSERT_TRUE(saved.Good());
     for (std::size_t i = 0; i < before.size(); ++i) {
-        EXPECT_EQ(program->Get(i + 32), static_cast<std::uint8_t>(before[i]));
+        EXPECT_EQ(saved.program.image.Get(i + 32), static_cast<std::uint8_t>(before[i]));
     }
     tool.hand.Click(tool.main_form.cmdDisconnect);
     WriteFile(FileOf(0x10, 0x10));
