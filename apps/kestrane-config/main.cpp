@@ -9,7 +9,7 @@
 
 #include "common/program.h"
 #include "console/console.h"
-#include "forms/look.h"
+#include "forms/look/look.h"
 #include "forms/qt_dialogs.h"
 #include "forms/windows.h"
 #include "host/descriptors.h"

@@ -5,7 +5,7 @@
 #include <QToolTip>
 
 #include "forms/latin1.h"
-#include "forms/look.h"
+#include "forms/look/look.h"
 #include "forms/mirror.h"
 
 namespace kestrane {
@@ -59,7 +59,7 @@ bool Binder::SyncVisible() {
 void Binder::SyncColours() {
     const bool plain = !control_.ForeColor() && !control_.BackColor();
     if (colours_known_ && fore_ == control_.ForeColor() && back_ == control_.BackColor()) return;
-    if (!colours_known_ && plain && !fore_ && !back_) {
+    if (!colours_known_ && plain && !fore_ && !back_ && !HasOwnPalette()) {
         colours_known_ = true;
         return;
     }
@@ -101,6 +101,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 
 void Binder::UserFocus(const QFocusEvent& event) {
     if (mirror_.syncing() || !CausedByUser(event.reason())) return;
+    if (event.reason() != Qt::MouseFocusReason) ScrollingPage::Reveal(widget_);
     mirror_.FocusByUser(control_, event.reason() == Qt::MouseFocusReason);
 }
 
@@ -115,9 +116,10 @@ void Binder::UserPress() {
 }
 
 QString Binder::TipAt(const QPoint& /*place*/) const {
-    const QString own = ToQtLines(control_.ToolTip());
-    const QString reason = Reason(enabled_);
-    return own.isEmpty() || reason.isEmpty() ? own + reason : own + "\n\n" + reason;
+    QStringList parts{ToQtLines(control_.ToolTip()),
+                      QString::fromStdString(mirror_.TipOf(control_)), Reason(enabled_)};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral("\n\n"));
 }
 
 QString Binder::Reason(bool enabled) const {

@@ -38,6 +38,8 @@ class Binder : public QObject {
     virtual bool SyncVisible();
     virtual void ApplyEnabled(bool enabled) { widget_.setEnabled(enabled); }
     virtual QPalette MakePalette(const QPalette& palette) const;
+    // Whether the widget's palette differs from the application's without a colour of the model.
+    virtual bool HasOwnPalette() const { return false; }
     bool eventFilter(QObject* watched, QEvent* event) override;
     // The tool tip at this place of the widget, empty for none.
     virtual QString TipAt(const QPoint& place) const;

@@ -2,11 +2,12 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QSignalBlocker>
 #include <QTabBar>
 
 #include "forms/latin1.h"
-#include "forms/look.h"
+#include "forms/look/look.h"
+#include "forms/look/style.h"
+#include "forms/mirror.h"
 
 namespace kestrane {
 
@@ -56,8 +57,12 @@ void ButtonBinder::SyncKind() {
 }
 
 QPalette ButtonBinder::MakePalette(const QPalette& palette) const {
+    const bool plain = !button_.BackColor() || !ToQColor(*button_.BackColor()).isValid();
+    if (plain && view_.property(kPrimary).toBool()) return PrimaryPalette(palette);
     return ButtonPalette(palette, button_.ForeColor(), button_.BackColor());
 }
+
+bool ButtonBinder::HasOwnPalette() const { return view_.property(kPrimary).toBool(); }
 
 // CheckBox, OptionButton: the widget waits for the model.
 
@@ -68,6 +73,10 @@ CheckBoxBinder::CheckBoxBinder(Mirror& mirror, CheckBox& box, QCheckBox& view)
         view_.setChecked(box_.Checked());
         mirror_.Click(box_);
     });
+}
+
+void CheckBoxBinder::SyncKind() {
+    if (view_.isChecked() != box_.Checked()) view_.setChecked(box_.Checked());
 }
 
 OptionButtonBinder::OptionButtonBinder(Mirror& mirror, OptionButton& option, QRadioButton& view)
@@ -123,6 +132,15 @@ void ScrollBarBinder::SyncKind() {
     view_.setPageStep(bar_.LargeChange());
     // A slider that is being dragged runs ahead of the model.
     if (!view_.isSliderDown()) view_.setValue(bar_.ScrollValue());
+}
+
+bool ScrollBarBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel && !view_.hasFocus() &&
+        view_.focusPolicy() != Qt::WheelFocus) {
+        event->ignore();
+        return true;
+    }
+    return Binder::eventFilter(watched, event);
 }
 
 // TabControl

@@ -2,8 +2,14 @@
 
 // One binder for each kind of control but text boxes.
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QTabWidget>
+
 #include "forms/binder.h"
-#include "forms/mirror.h"
+#include "forms/widgets.h"
 
 namespace kestrane {
 
@@ -43,6 +49,7 @@ class ButtonBinder : public Binder {
   protected:
     void SyncKind() override;
     QPalette MakePalette(const QPalette& palette) const override;
+    bool HasOwnPalette() const override;
 
   private:
     Button& button_;
@@ -54,7 +61,7 @@ class CheckBoxBinder : public Binder {
     CheckBoxBinder(Mirror& mirror, CheckBox& box, QCheckBox& view);
 
   protected:
-    void SyncKind() override { view_.setChecked(box_.Checked()); }
+    void SyncKind() override;
 
   private:
     CheckBox& box_;
@@ -88,12 +95,14 @@ class ComboBoxBinder : public Binder {
     std::vector<std::string> items_;
 };
 
+// The wheel moves a bar only while it has the focus, or where its policy is Qt::WheelFocus.
 class ScrollBarBinder : public Binder {
   public:
     ScrollBarBinder(Mirror& mirror, ScrollBar& bar, QScrollBar& view);
 
   protected:
     void SyncKind() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     ScrollBar& bar_;

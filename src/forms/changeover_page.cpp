@@ -10,11 +10,14 @@ constexpr int kLiveRows = 4;
 constexpr int kValueColumns = 4;
 
 // A value box with its scroll bar, which runs upwards as the value grows.
-QHBoxLayout* Value(Mirror& mirror, TextBox& box, ScrollBar& bar) {
+QHBoxLayout* Value(Mirror& mirror, TextBox& box, ScrollBar& bar, const QString& name) {
     QHBoxLayout* value = Row();
     value->setSpacing(2);
-    value->addWidget(mirror.Make(box, kValueColumns), 0, Qt::AlignVCenter);
+    TextBoxView* view = mirror.Make(box, kValueColumns);
+    view->setAccessibleName(name);
+    value->addWidget(view, 0, Qt::AlignVCenter);
     QScrollBar* scroll = mirror.Make(bar);
+    scroll->setAccessibleName(name + QStringLiteral(", 255 less the value"));
     scroll->setFixedHeight(3 * scroll->fontMetrics().height());
     value->addWidget(scroll);
     value->addStretch(1);
@@ -35,14 +38,19 @@ FrameView* Group(Mirror& mirror, ChangeoverTab& tab, int row) {
     FrameView* frame = mirror.Make(tab.RowGroup(row));
     QGridLayout* grid = GridIn(frame);
     grid->setContentsMargins(kMargin, 3, kMargin, 3);
+    const QString name = QString::fromStdString(tab.RowGroup(row).Caption());
     if (row < kLiveRows) {
         const int index = row + kFirstLive;
-        grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index)), 0, 0);
+        grid->addLayout(Value(mirror, tab.txtCurrent(index), tab.scrCurrent(index),
+                              name + QStringLiteral(", live")),
+                        0, 0);
     } else {
         // An empty column would lose its distance to the next one, a spacer would too.
         grid->addWidget(new QWidget, 0, 0);
     }
-    grid->addLayout(Value(mirror, tab.txtStartup(row), tab.scrStartup(row)), 0, 1);
+    grid->addLayout(
+        Value(mirror, tab.txtStartup(row), tab.scrStartup(row), name + QStringLiteral(", startup")),
+        0, 1);
     QLabel* text = mirror.Make(*measured[row]);
     ReserveWidth(text, "Need two supplies to measure ......");
     grid->addWidget(text, 0, 2);
@@ -92,14 +100,14 @@ FrameView* DefaultInlet(Mirror& mirror, ChangeoverTab& tab) {
 }  // namespace
 
 QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Options(mirror, tab), 0, Qt::AlignTop);
     frames->addWidget(DefaultInlet(mirror, tab), 0, Qt::AlignTop);
     frames->addStretch(1);
     outer->addLayout(frames, 1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdReadCMSOptions}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdReadCMSOptions}));
     return page;
 }
 

@@ -15,8 +15,8 @@ QLabel* ValueLabel(Mirror& mirror, Label& label) {
 }  // namespace
 
 QWidget* BuildFirmwarePage(Mirror& mirror, FirmwareTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     FrameView* frame = mirror.Make(tab.fraFirmwareUpdate);
     QGridLayout* grid = GridIn(frame);
     grid->setHorizontalSpacing(3 * kGap);
@@ -41,7 +41,7 @@ QWidget* BuildFirmwarePage(Mirror& mirror, FirmwareTab& tab) {
     grid->addWidget(mirror.Make(tab.cmdFirmware), 5, 4);
     outer->addWidget(frame, 0, Qt::AlignLeft);
     outer->addStretch(1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdGetUnitFirmware}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdGetUnitFirmware}));
     return page;
 }
 

@@ -4,8 +4,10 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include "forms/latin1.h"
+#include "forms/look/look.h"
 
 namespace kestrane {
 
@@ -64,12 +66,8 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 // What no control of the form has taken.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Control:
         case Qt::Key_Shift:
-            if (!event->isAutoRepeat() && form().Reachable()) {
-                mirror_.hand().Key(event->key() == Qt::Key_Shift ? Hand::kShiftKey
-                                                                 : Hand::kCtrlKey);
-            }
+            if (!event->isAutoRepeat() && form().Reachable()) mirror_.hand().Key(Hand::kShiftKey);
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -95,7 +93,43 @@ void FormWindow::PressEnter() {
 
 void FormWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) mirror_.ForgetColours();
+    if (event->type() == QEvent::ThemeChange) FollowSystem();
     QWidget::changeEvent(event);
+}
+
+// The native window sees each key and button first, whatever widget takes it in the end.
+void FormWindow::showEvent(QShowEvent* event) {
+    windowHandle()->removeEventFilter(this);
+    windowHandle()->installEventFilter(this);
+    QWidget::showEvent(event);
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle()) WatchCtrl(*event);
+    return QWidget::eventFilter(watched, event);
+}
+
+void FormWindow::WatchCtrl(const QEvent& event) {
+    switch (event.type()) {
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease: {
+            const auto& key = static_cast<const QKeyEvent&>(event);
+            if (key.isAutoRepeat()) break;
+            const bool ctrl = key.key() == Qt::Key_Control;
+            if (ctrl && event.type() == QEvent::KeyRelease && ctrl_alone_ && form().Reachable()) {
+                mirror_.Post([this] { mirror_.hand().Key(Hand::kCtrlKey); });
+            }
+            ctrl_alone_ = ctrl && event.type() == QEvent::KeyPress;
+            break;
+        }
+        case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+        case QEvent::FocusOut:
+            ctrl_alone_ = false;
+            break;
+        default:
+            break;
+    }
 }
 
 }  // namespace kestrane

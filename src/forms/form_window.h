@@ -1,7 +1,8 @@
 #pragma once
 
-// The window of one form: it is shown and hidden as the screen tells, and passes its title bar's
-// close, the Ctrl and Shift keys, Enter and Escape to the hand.
+// The window of one form: it is shown and hidden as the screen says, and passes its title bar's
+// close, the Ctrl and Shift keys, Enter and Escape to the hand. Ctrl counts when it is pressed and
+// released alone, so that Ctrl with another key means that key's own thing and nothing else.
 
 #include <QWidget>
 
@@ -31,14 +32,18 @@ class FormWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     Mirror mirror_;
 
   private:
     void PressEnter();
+    void WatchCtrl(const QEvent& event);
 
     Button* on_enter_ = nullptr;
     Button* on_escape_ = nullptr;
+    bool ctrl_alone_ = false;
 };
 
 }  // namespace kestrane

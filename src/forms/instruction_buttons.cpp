@@ -5,8 +5,7 @@
 namespace kestrane {
 namespace {
 
-constexpr int kColumns = 5;
-constexpr int kMaskColumns = 4;
+constexpr int kNarrowPadding = 12;
 
 const char* TitleOf(InstructionGroup group) {
     switch (group) {
@@ -36,29 +35,27 @@ InstructionGroup GroupOf(int opcode) {
     return FindInstruction(static_cast<std::uint8_t>(opcode))->group;
 }
 
-// The buttons of a group from `row` on. Opcodes with another first digit begin another row.
-// Returns the row behind it.
-int AddGroup(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, InstructionGroup group,
-             int row, int columns) {
-    int column = 0;
-    int last_opcode = -1;
+// The buttons of a group, as many side by side as there is room for.
+QWidget* Group(Mirror& mirror, ScriptEditForm& form, InstructionGroup group) {
+    auto* widget = new QWidget;
+    auto* flow = new ButtonFlow(widget);
     for (const InsertButton& button : form.insert_buttons) {
         if (GroupOf(button.opcode) != group) continue;
-        const bool other_digit = last_opcode >= 0 && last_opcode / 16 != button.opcode / 16;
-        if (column == columns || other_digit) {
-            ++row;
-            column = 0;
-        }
-        last_opcode = button.opcode;
-        grid->addWidget(mirror.Make(form.cmdInsertCommand(button.opcode)), row, ++column);
+        ButtonView* view = mirror.Make(form.cmdInsertCommand(button.opcode));
+        view->SetPadding(kNarrowPadding);
+        flow->addWidget(view);
     }
-    return row + 1;
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    widget->setSizePolicy(policy);
+    return widget;
 }
 
-QGridLayout* ButtonGrid() {
+QGridLayout* GroupGrid() {
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(4);
-    grid->setVerticalSpacing(3);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kGap - 2);
+    grid->setColumnStretch(1, 1);
     return grid;
 }
 
@@ -86,20 +83,17 @@ QGridLayout* MaskBoxes(Mirror& mirror, ScriptEditForm& form) {
 QWidget* BuildInstructionButtons(Mirror& mirror, ScriptEditForm& form) {
     auto* panel = new QWidget;
     auto* outer = new QVBoxLayout(panel);
-    outer->setContentsMargins(0, 0, 0, 0);
-    QGridLayout* grid = ButtonGrid();
+    outer->setContentsMargins(0, 0, kGap, 0);
+    QGridLayout* grid = GroupGrid();
     outer->addLayout(grid);
     int row = 0;
     for (const auto group :
          {InstructionGroup::kProgram, InstructionGroup::kOutlets, InstructionGroup::kRequests,
           InstructionGroup::kGpi, InstructionGroup::kCounters, InstructionGroup::kChangeover,
           InstructionGroup::kSwitch}) {
-        QLabel* title = Caption(QLatin1String(TitleOf(group)));
-        grid->addWidget(title, row, 0);
-        row = AddGroup(mirror, grid, form, group, row, kColumns);
-        grid->setRowMinimumHeight(row++, kGap - 2);
+        grid->addWidget(Caption(QLatin1String(TitleOf(group))), row, 0, Qt::AlignTop);
+        grid->addWidget(Group(mirror, form, group), row++, 1);
     }
-    grid->setColumnStretch(kColumns + 1, 1);
     return panel;
 }
 
@@ -107,27 +101,25 @@ QWidget* BuildOutletMasks(Mirror& mirror, ScriptEditForm& form) {
     FrameView* frame = mirror.Make(form.fraOutlets);
     QGridLayout* grid = GridIn(frame);
     grid->setContentsMargins(kMargin, kGap - 2, kMargin, kGap - 2);
-    auto* builder = Column();
-    builder->setSpacing(kGap);
-    builder->addLayout(MaskBoxes(mirror, form));
+    QHBoxLayout* boxes = Row();
+    boxes->addLayout(MaskBoxes(mirror, form));
+    boxes->addStretch(1);
+    grid->addLayout(boxes, 0, 0);
     auto* fields = new QGridLayout;
-    fields->setSpacing(kGap);
+    fields->setHorizontalSpacing(kGap);
+    fields->setVerticalSpacing(kSmallGap);
     AddField(mirror, fields, 0, 0, form.Label2, form.txtGroup1, 3)->UseFixedPitch();
     AddField(mirror, fields, 1, 0, form.Label3, form.txtGroup2, 3)->UseFixedPitch();
     fields->addWidget(mirror.Make(form.cmdClearLocks), 0, 2);
     fields->addWidget(mirror.Make(form.cmdReadLocks), 1, 2);
     fields->setColumnStretch(3, 1);
-    builder->addLayout(fields);
-    grid->addLayout(builder, 0, 0, Qt::AlignTop);
-    grid->setColumnMinimumWidth(1, 2 * kGap);
-
-    QGridLayout* buttons = ButtonGrid();
-    buttons->addWidget(mirror.Make(form.Label4), 0, 0);
-    int row = AddGroup(mirror, buttons, form, InstructionGroup::kInhibits, 0, 3);
-    buttons->addWidget(mirror.Make(form.Label5), row, 0);
-    AddGroup(mirror, buttons, form, InstructionGroup::kLocks, row, kMaskColumns);
-    grid->addLayout(buttons, 0, 2, Qt::AlignTop);
-    grid->setColumnStretch(3, 1);
+    grid->addLayout(fields, 1, 0);
+    QGridLayout* groups = GroupGrid();
+    groups->addWidget(mirror.Make(form.Label4), 0, 0, 1, 2);
+    groups->addWidget(Group(mirror, form, InstructionGroup::kInhibits), 1, 0, 1, 2);
+    groups->addWidget(mirror.Make(form.Label5), 2, 0, 1, 2);
+    groups->addWidget(Group(mirror, form, InstructionGroup::kLocks), 3, 0, 1, 2);
+    grid->addLayout(groups, 2, 0);
     return frame;
 }
 

@@ -1,7 +1,6 @@
 #include "forms/layout.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <algorithm>
 
 namespace kestrane {
@@ -23,13 +22,6 @@ QHBoxLayout* Row() {
 QVBoxLayout* Column() {
     auto* column = new QVBoxLayout;
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(kBetweenFrames);
-    return column;
-}
-
-QVBoxLayout* ColumnOfPage(QWidget* page) {
-    auto* column = new QVBoxLayout(page);
-    column->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
     column->setSpacing(kBetweenFrames);
     return column;
 }
@@ -74,12 +66,6 @@ QLabel* Caption(const QString& text) {
 
 void ReserveWidth(QLabel* label, const char* text) {
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QLatin1String(text)));
-}
-
-QFont FixedPitch() {
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fixed.setPointSizeF(QApplication::font().pointSizeF());
-    return fixed;
 }
 
 }  // namespace kestrane

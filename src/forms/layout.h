@@ -1,19 +1,15 @@
 #pragma once
 
-// What the forms' layouts have in common: one grid, one set of distances, fields as pairs of label
-// and box.
+// What the forms' layouts have in common: one grid, fields as pairs of label and box.
 
 #include <QGridLayout>
 #include <QPalette>
 #include <initializer_list>
 
+#include "forms/look/spacing.h"
 #include "forms/mirror.h"
 
 namespace kestrane {
-
-inline constexpr int kGap = 8;
-inline constexpr int kMargin = 10;
-inline constexpr int kBetweenFrames = 12;
 
 // A grid in the body of a frame.
 QGridLayout* GridIn(FrameView* frame);
@@ -22,8 +18,7 @@ QGridLayout* GridIn(FrameView* frame);
 QHBoxLayout* Row();
 QVBoxLayout* Column();
 
-// The outermost layout of a tab's page, and frames side by side in it.
-QVBoxLayout* ColumnOfPage(QWidget* page);
+// Frames side by side.
 QHBoxLayout* RowOfFrames();
 
 // A label in `column` and its box to the right of it.
@@ -61,7 +56,5 @@ T* KeepPlace(T* widget) {
 
 // At least as wide as this text, so that a change moves nothing.
 void ReserveWidth(QLabel* label, const char* text);
-
-QFont FixedPitch();
 
 }  // namespace kestrane

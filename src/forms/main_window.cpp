@@ -1,6 +1,7 @@
 #include "forms/main_window.h"
 
 #include <QTabBar>
+#include <QTimer>
 
 #include "forms/layout.h"
 #include "forms/pages.h"
@@ -10,6 +11,7 @@ namespace kestrane {
 namespace {
 
 constexpr int kInvisibleStorage = 8;
+constexpr int kAfterPaint = 30;  // milliseconds
 
 QWidget* BuildPage(Mirror& mirror, MainForm& form, int tab) {
     switch (tab) {
@@ -104,7 +106,9 @@ QTabWidget* MainWindow::MakeTabs() {
     tabs_ = new QTabWidget;
     tabs_->setUsesScrollButtons(false);
     for (const TabState& tab : form_.SSTab1.Tabs()) {
-        tabs_->addTab(new ScrollingPage, QString::fromStdString(tab.caption));
+        auto* place = new QWidget;
+        (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
+        tabs_->addTab(place, QString::fromStdString(tab.caption));
     }
     mirror_.Bind(form_.SSTab1, *tabs_, [this](int tab) { NeedPage(tab); });
     return tabs_;
@@ -150,7 +154,7 @@ void MainWindow::NeedPage(int tab) {
         head_ = mirror_.TakeMade();
         head_.push_back(tabs_->tabBar());
     }
-    static_cast<ScrollingPage*>(tabs_->widget(tab))->Hold(BuildPage(mirror_, form_, tab));
+    tabs_->widget(tab)->layout()->addWidget(BuildPage(mirror_, form_, tab));
     pages_[place] = mirror_.TakeMade();
     Chain();
 }
@@ -167,13 +171,18 @@ void MainWindow::MakeAllPages() {
     for (int tab = 0; tab < kInvisibleStorage; ++tab) NeedPage(tab);
 }
 
+// The other pages are made after the first paint, one each time that Qt has nothing else to do.
+void MainWindow::paintEvent(QPaintEvent* event) {
+    FormWindow::paintEvent(event);
+    if (std::exchange(painted_, true)) return;
+    QTimer::singleShot(kAfterPaint, this, [this] { PreparePages(); });
+}
+
 void MainWindow::PreparePages() {
     for (int tab = 0; tab < kInvisibleStorage; ++tab) {
         if (made_[static_cast<std::size_t>(tab)]) continue;
-        mirror_.Post([this, tab] {
-            NeedPage(tab);
-            PreparePages();
-        });
+        NeedPage(tab);
+        QTimer::singleShot(0, this, [this] { PreparePages(); });
         return;
     }
 }
@@ -187,15 +196,10 @@ void MainWindow::ShowProgress() {
     progress_->setVisible(progress.has_value());
 }
 
-// The window grows and shrinks by its lower part, so that the tabs keep their size.
+// The panel takes its room from the tabs: the window keeps its size.
 void MainWindow::FormChanged() {
     FormWindow::FormChanged();
-    if (!diagnostics_) return;
-    const bool tall = form_.Height() >= MainForm::kTallFrom;
-    if (diagnostics_->isHidden() != tall) return;
-    const int change = diagnostics_->sizeHint().height() + layout()->spacing();
-    diagnostics_->setVisible(tall);
-    if (isVisible()) resize(width(), height() + (tall ? change : -change));
+    if (diagnostics_) diagnostics_->setVisible(form_.Height() >= MainForm::kTallFrom);
 }
 
 }  // namespace kestrane

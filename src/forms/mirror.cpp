@@ -28,20 +28,12 @@ Mirror::Mirror(Form& form, Hand& hand, WhyDisabledFunction why_disabled)
       loop_(form.screen().platform().loop),
       why_disabled_(std::move(why_disabled)) {}
 
-template <class T>
-T* Mirror::Added(std::unique_ptr<T> widget, Binder* binder) {
-    binders_[&binder->control()] = binder;
+void Mirror::Adopt(QWidget& widget, Binder& binder) {
+    binders_[&binder.control()] = &binder;
     ++syncing_;
-    binder->Sync();
+    binder.Sync();
     --syncing_;
-    if (binder->control().TakesFocus()) made_.push_back(widget.get());
-    return widget.release();
-}
-
-QLabel* Mirror::Make(Label& label) {
-    auto widget = std::make_unique<QLabel>();
-    auto* binder = new LabelBinder(*this, label, *widget);
-    return Added(std::move(widget), binder);
+    if (binder.control().TakesFocus()) made_.push_back(&widget);
 }
 
 LongTextView* Mirror::MakeLong(Label& label) {
@@ -53,60 +45,6 @@ LongTextView* Mirror::MakeLong(Label& label) {
 TextBoxView* Mirror::Make(TextBox& box, int columns) {
     auto widget = std::make_unique<TextBoxView>(*this, box, columns);
     auto* binder = new TextBoxBinder(*this, box, *widget);
-    return Added(std::move(widget), binder);
-}
-
-ButtonView* Mirror::Make(Button& button) {
-    auto widget = std::make_unique<ButtonView>();
-    auto* binder = new ButtonBinder(*this, button, *widget);
-    return Added(std::move(widget), binder);
-}
-
-QCheckBox* Mirror::Make(CheckBox& box) {
-    auto widget = std::make_unique<QCheckBox>();
-    auto* binder = new CheckBoxBinder(*this, box, *widget);
-    return Added(std::move(widget), binder);
-}
-
-QRadioButton* Mirror::Make(OptionButton& option) {
-    auto widget = std::make_unique<QRadioButton>();
-    auto* binder = new OptionButtonBinder(*this, option, *widget);
-    return Added(std::move(widget), binder);
-}
-
-QComboBox* Mirror::Make(ComboBox& box) {
-    auto widget = std::make_unique<QComboBox>();
-    auto* binder = new ComboBoxBinder(*this, box, *widget);
-    return Added(std::move(widget), binder);
-}
-
-QScrollBar* Mirror::Make(ScrollBar& bar) {
-    auto widget = std::make_unique<QScrollBar>(Qt::Vertical);
-    auto* binder = new ScrollBarBinder(*this, bar, *widget);
-    return Added(std::move(widget), binder);
-}
-
-FrameView* Mirror::Make(Frame& frame) {
-    auto widget = std::make_unique<FrameView>();
-    auto* binder = new FrameBinder(*this, frame, *widget);
-    return Added(std::move(widget), binder);
-}
-
-LightView* Mirror::Make(Light& light) {
-    auto widget = std::make_unique<LightView>();
-    auto* binder = new LightBinder(*this, light, *widget);
-    return Added(std::move(widget), binder);
-}
-
-FuseView* Mirror::Make(Image& image) {
-    auto widget = std::make_unique<FuseView>();
-    auto* binder = new PlainBinder(*this, image, *widget);
-    return Added(std::move(widget), binder);
-}
-
-RowView* Mirror::Make(Shape& shape) {
-    auto widget = std::make_unique<RowView>();
-    auto* binder = new ShapeBinder(*this, shape, *widget);
     return Added(std::move(widget), binder);
 }
 
@@ -188,6 +126,10 @@ void Mirror::SyncFocus() {
     QWidget* const widget = wanted ? WidgetOf(*wanted) : nullptr;
     if (widget) {
         if (!HasFocus(*widget)) widget->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    if (resting_place_) {
+        resting_place_->setFocus(Qt::OtherFocusReason);
         return;
     }
     for (const auto& [control, binder] : binders_) {

@@ -4,18 +4,12 @@
 // model and brings the widgets up to date once an event-loop pass, so that a property that is set
 // back and forth in a tick costs nothing. It keeps the focus of model and widgets together.
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
 #include <QPointer>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QTabWidget>
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
 
-#include "forms/binder.h"
+#include "forms/binders.h"
 #include "forms/text_box_view.h"
 #include "forms/widgets.h"
 
@@ -23,9 +17,40 @@ namespace kestrane {
 
 // Why a control is disabled, in a few words; empty if nothing is known.
 using WhyDisabledFunction = std::function<std::string(const Control&)>;
+// What a control means and takes, in UTF-8; empty if nothing is known.
+using TipFunction = std::function<std::string(const Control&)>;
 
 // Makes Tab go through these widgets in this order.
 void ChainFocus(const std::vector<QWidget*>& order);
+
+// Widget and binder of a kind of control.
+template <class C>
+struct ViewOf;
+template <class W, class B>
+struct ViewPair {
+    using Widget = W;
+    using Binder = B;
+};
+template <>
+struct ViewOf<Label> : ViewPair<QLabel, LabelBinder> {};
+template <>
+struct ViewOf<Button> : ViewPair<ButtonView, ButtonBinder> {};
+template <>
+struct ViewOf<CheckBox> : ViewPair<QCheckBox, CheckBoxBinder> {};
+template <>
+struct ViewOf<OptionButton> : ViewPair<QRadioButton, OptionButtonBinder> {};
+template <>
+struct ViewOf<ComboBox> : ViewPair<QComboBox, ComboBoxBinder> {};
+template <>
+struct ViewOf<ScrollBar> : ViewPair<QScrollBar, ScrollBarBinder> {};
+template <>
+struct ViewOf<Frame> : ViewPair<FrameView, FrameBinder> {};
+template <>
+struct ViewOf<Light> : ViewPair<LightView, LightBinder> {};
+template <>
+struct ViewOf<Image> : ViewPair<FuseView, PlainBinder> {};
+template <>
+struct ViewOf<Shape> : ViewPair<RowView, ShapeBinder> {};
 
 class Mirror {
   public:
@@ -36,21 +61,26 @@ class Mirror {
     Form& form() const { return form_; }
     Hand& hand() const { return hand_; }
 
-    // A widget for a control. The layout that it is put into gives it a parent.
-    QLabel* Make(Label& label);
-    // For a text that may be of any length: its beginning, in a fixed-pitch face.
-    LongTextView* MakeLong(Label& label);
+    // A widget for a control, of the kind in ViewOf. The layout that it is put into gives it a
+    // parent.
+    template <class C>
+    typename ViewOf<C>::Widget* Make(C& control) {
+        using View = ViewOf<C>;
+        auto widget = std::make_unique<typename View::Widget>();
+        auto* binder = new typename View::Binder(*this, control, *widget);
+        return Added(std::move(widget), binder);
+    }
+    // The same with a widget of a kind derived from it.
+    template <class W, class C>
+    W* Make(C& control) {
+        auto widget = std::make_unique<W>();
+        auto* binder = new typename ViewOf<C>::Binder(*this, control, *widget);
+        return Added(std::move(widget), binder);
+    }
     // `columns`: the width in characters; 0: by the maximum length.
     TextBoxView* Make(TextBox& box, int columns = 0);
-    ButtonView* Make(Button& button);
-    QCheckBox* Make(CheckBox& box);
-    QRadioButton* Make(OptionButton& option);
-    QComboBox* Make(ComboBox& box);
-    QScrollBar* Make(ScrollBar& bar);
-    FrameView* Make(Frame& frame);
-    LightView* Make(Light& light);
-    FuseView* Make(Image& image);
-    RowView* Make(Shape& shape);
+    // For a text that may be of any length: its beginning, in a fixed-pitch face.
+    LongTextView* MakeLong(Label& label);
     // `page_needed` is called before a tab is shown, whoever has selected it.
     void Bind(TabControl& tabs, QTabWidget& widget, std::function<void(int)> page_needed);
 
@@ -71,6 +101,10 @@ class Mirror {
     void OnFormChanged(std::function<void()> handler) { form_changed_ = std::move(handler); }
     // Called after each refresh with widgets changed.
     void OnRefreshed(std::function<void()> handler) { refreshed_ = std::move(handler); }
+    // Where the keyboard is while no control of the model has the focus; null for nowhere.
+    void SetRestingPlace(QWidget* widget) { resting_place_ = widget; }
+    // What a tip says besides the control's own words, and the reason while it is disabled.
+    void OnTip(TipFunction tip) { tip_ = std::move(tip); }
     // Brings all that is noted into the widgets now.
     void Refresh();
 
@@ -84,10 +118,15 @@ class Mirror {
     void Choose(Control& control, int value);
     void Beep();
     std::string WhyDisabled(const Control& control) const;
+    std::string TipOf(const Control& control) const { return tip_ ? tip_(control) : std::string(); }
 
   private:
     template <class T>
-    T* Added(std::unique_ptr<T> widget, Binder* binder);
+    T* Added(std::unique_ptr<T> widget, Binder* binder) {
+        Adopt(*widget, *binder);
+        return widget.release();
+    }
+    void Adopt(QWidget& widget, Binder& binder);
     void ScheduleRefresh();
     void GoTo(Control& control);
     void SyncFocus();
@@ -96,6 +135,8 @@ class Mirror {
     Hand& hand_;
     EventLoop& loop_;
     WhyDisabledFunction why_disabled_;
+    TipFunction tip_;
+    QPointer<QWidget> resting_place_;
     std::function<void()> form_changed_;
     std::function<void()> refreshed_;
     std::unordered_map<const Control*, Binder*> binders_;

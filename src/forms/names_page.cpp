@@ -50,15 +50,15 @@ FrameView* Outlets(Mirror& mirror, NamesTab& tab) {
 }  // namespace
 
 QWidget* BuildNamesPage(Mirror& mirror, NamesTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Inlets(mirror, tab), 0, Qt::AlignTop);
     frames->addWidget(Outlets(mirror, tab), 0, Qt::AlignTop);
     frames->addStretch(1);
     outer->addLayout(frames);
     outer->addStretch(1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdReadChannelNames, &tab.cmdWriteChannelNames}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdReadChannelNames, &tab.cmdWriteChannelNames}));
     return page;
 }
 

@@ -15,7 +15,9 @@ FrameView* NetworkSettings(Mirror& mirror, NetworkTab& tab) {
     AddField(mirror, grid, 2, 0, tab.lblUnitName, tab.txtUnitName);
     grid->setColumnMinimumWidth(2, 2 * kGap);
     grid->addWidget(mirror.Make(tab.lblObtainIPAddress), 0, 3);
-    grid->addWidget(mirror.Make(tab.chkDHCP), 0, 4);
+    QCheckBox* dhcp = mirror.Make(tab.chkDHCP);
+    dhcp->setAccessibleName(QStringLiteral("Obtain IP address by DHCP"));
+    grid->addWidget(dhcp, 0, 4);
     mirror.ClickGoesTo(tab.lblObtainIPAddress, tab.chkDHCP);
     grid->addWidget(mirror.Make(tab.chkTimeServerEnable), 1, 3, 1, 2);
     AddField(mirror, grid, 2, 3, tab.lblTimeServerIP, tab.txtTimeServerIP, kQuadColumns);
@@ -36,6 +38,15 @@ FrameView* FixedSettings(Mirror& mirror, NetworkTab& tab) {
     return frame;
 }
 
+// For screen readers: "Port A attack limit".
+void NamePort(int port, std::initializer_list<std::pair<QWidget*, const char*>> widgets) {
+    for (const auto& [widget, what] : widgets) {
+        widget->setAccessibleName(QStringLiteral("Port %1 %2")
+                                      .arg(QChar(static_cast<char16_t>(u'A' + port)))
+                                      .arg(QLatin1String(what)));
+    }
+}
+
 // A row for each port: enable, number, key, key generator, attack limit, key count.
 FrameView* ControlPorts(Mirror& mirror, NetworkTab& tab) {
     FrameView* frame = mirror.Make(tab.fraTCPports);
@@ -48,19 +59,32 @@ FrameView* ControlPorts(Mirror& mirror, NetworkTab& tab) {
     for (int port = 0; port < 3; ++port) {
         const int row = port + 1;
         grid->addWidget(mirror.Make(tab.Label5(port)), row, 0);
-        grid->addWidget(mirror.Make(tab.chkTcpControlEnable(port)), row, 1, Qt::AlignCenter);
-        grid->addWidget(mirror.Make(tab.txtTcpControlPort(port), kPortColumns), row, 2);
+        QCheckBox* enable = mirror.Make(tab.chkTcpControlEnable(port));
+        grid->addWidget(enable, row, 1, Qt::AlignCenter);
+        TextBoxView* number = mirror.Make(tab.txtTcpControlPort(port), kPortColumns);
+        grid->addWidget(number, row, 2);
         // The message that a key is set is longer than a key.
         TextBoxView* key = mirror.Make(tab.txtChaskey(port), 35);
         key->UseFixedPitch();
         grid->addWidget(key, row, 3);
-        grid->addWidget(mirror.Make(tab.cmdChaskeyGen(port)), row, 4);
-        grid->addWidget(mirror.Make(tab.txtAttackLimit(port), 5), row, 5);
-        grid->addWidget(mirror.Make(tab.txtKeyCounter(port), 10), row, 6);
+        ButtonView* generate = mirror.Make(tab.cmdChaskeyGen(port));
+        grid->addWidget(generate, row, 4);
+        TextBoxView* limit = mirror.Make(tab.txtAttackLimit(port), 5);
+        grid->addWidget(limit, row, 5);
+        TextBoxView* count = mirror.Make(tab.txtKeyCounter(port), 5);
+        grid->addWidget(count, row, 6);
+        NamePort(port, {{enable, "enable"},
+                        {number, "number"},
+                        {key, "key"},
+                        {generate, "generate a key"},
+                        {limit, "attack limit"},
+                        {count, "key count"}});
     }
     QHBoxLayout* timeout = Row();
     timeout->addWidget(mirror.Make(tab.lblTcpTimeout));
-    timeout->addWidget(mirror.Make(tab.txtForceDisconnect, 5));
+    TextBoxView* seconds = mirror.Make(tab.txtForceDisconnect, 5);
+    seconds->setAccessibleName(QStringLiteral("TCP timeout, seconds"));
+    timeout->addWidget(seconds);
     timeout->addWidget(mirror.Make(tab.qLabel60));
     timeout->addStretch(1);
     grid->addLayout(timeout, 4, 0, 1, 4);
@@ -77,7 +101,9 @@ FrameView* Snmp(Mirror& mirror, NetworkTab& tab) {
     FrameView* frame = mirror.Make(tab.fraSnmpSettings);
     QGridLayout* grid = GridIn(frame);
     grid->addWidget(mirror.Make(tab.lblSnmpPort), 0, 0, 1, 2);
-    grid->addWidget(mirror.Make(tab.txtCommunity), 1, 0, 1, 2);
+    TextBoxView* community = mirror.Make(tab.txtCommunity);
+    community->setAccessibleName(QStringLiteral("Read community string"));
+    grid->addWidget(community, 1, 0, 1, 2);
     AddField(mirror, grid, 2, 0, tab.lblSysContact, tab.txtSysContact);
     grid->setColumnStretch(1, 1);
     return frame;
@@ -94,6 +120,7 @@ FrameView* GratuitousArp(Mirror& mirror, NetworkTab& tab) {
     grid->addWidget(mirror.Make(tab.lblARPtime), 1, 0);
     QComboBox* interval = mirror.Make(tab.cmbARPtime);
     interval->setMinimumContentsLength(10);
+    interval->setAccessibleName(QStringLiteral("ARP repeat interval"));
     grid->addWidget(interval, 1, 1, Qt::AlignLeft);
     grid->addLayout(CheckWithLabel(mirror, tab.chkARPReset, tab.lblARPReset), 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
@@ -103,7 +130,9 @@ FrameView* GratuitousArp(Mirror& mirror, NetworkTab& tab) {
 FrameView* UnitId(Mirror& mirror, NetworkTab& tab) {
     FrameView* frame = mirror.Make(tab.fraUnitID);
     QGridLayout* grid = GridIn(frame);
-    grid->addWidget(mirror.Make(tab.txtUnitID, 3), 0, 0);
+    TextBoxView* id = mirror.Make(tab.txtUnitID, 3);
+    id->setAccessibleName(QStringLiteral("Unit ID, hexadecimal"));
+    grid->addWidget(id, 0, 0);
     grid->addWidget(mirror.Make(tab.cmdUnitID), 0, 1);
     grid->addWidget(mirror.Make(tab.lblUnitID), 1, 0, 1, 3);
     grid->setColumnStretch(2, 1);
@@ -129,8 +158,8 @@ FrameView* WebBrowser(Mirror& mirror, NetworkTab& tab) {
 }  // namespace
 
 QWidget* BuildNetworkPage(Mirror& mirror, NetworkTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     auto* columns = Row();
     columns->setSpacing(kBetweenFrames);
 
@@ -153,7 +182,7 @@ QWidget* BuildNetworkPage(Mirror& mirror, NetworkTab& tab) {
     QHBoxLayout* buttons =
         ButtonRow(mirror, {&tab.cmdReadNetworkSettings, &tab.cmdWriteNetworkSettings});
     buttons->addWidget(mirror.Make(tab.cmdResetEthernet));
-    outer->addLayout(buttons);
+    page->Pin(buttons);
     return page;
 }
 

@@ -41,15 +41,17 @@ FrameView* Legend(Mirror& mirror, OneWireTab& tab) {
     FrameView* frame = mirror.Make(tab.fraSensorTypes);
     QGridLayout* grid = GridIn(frame);
     int row = 0;
-    for (Label& line : tab.lblSensorType) grid->addWidget(mirror.Make(line), row++, 0);
+    // A legend is read and not used, so that it never stands back.
+    for (Label& line : tab.lblSensorType)
+        grid->addWidget(KeepReadable(mirror.Make(line)), row++, 0);
     return frame;
 }
 
 }  // namespace
 
 QWidget* BuildOneWirePage(Mirror& mirror, OneWireTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     QHBoxLayout* frames = RowOfFrames();
     frames->addWidget(Sensors(mirror, tab), 0, Qt::AlignTop);
     QVBoxLayout* side = Column();
@@ -65,7 +67,7 @@ QWidget* BuildOneWirePage(Mirror& mirror, OneWireTab& tab) {
     frames->addLayout(side);
     frames->addStretch(1);
     outer->addLayout(frames, 1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdRead1WNames, &tab.cmdWrite1WNames}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdRead1WNames, &tab.cmdWrite1WNames}));
     return page;
 }
 

@@ -51,8 +51,8 @@ QGridLayout* Board(Mirror& mirror, PrivilegesTab& tab, int board) {
 }  // namespace
 
 QWidget* BuildPrivilegesPage(Mirror& mirror, PrivilegesTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     FrameView* frame = mirror.Make(tab.fraTcpControlSettings);
     QGridLayout* grid = GridIn(frame);
     grid->setContentsMargins(2 * kMargin, kMargin, 2 * kMargin, kMargin);
@@ -61,7 +61,7 @@ QWidget* BuildPrivilegesPage(Mirror& mirror, PrivilegesTab& tab) {
     grid->addLayout(Board(mirror, tab, 200), 0, 2);
     outer->addWidget(frame, 0, Qt::AlignLeft);
     outer->addStretch(1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdReadTCPPortPriv, &tab.cmdWriteTCPPortPriv}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdReadTCPPortPriv, &tab.cmdWriteTCPPortPriv}));
     return page;
 }
 

@@ -31,6 +31,22 @@ QWidget* Owner() {
     return modal ? modal : QApplication::activeWindow();
 }
 
+// The boxes that say that something went well or remind of something; any other box with a single
+// button says that something did not work.
+constexpr const char* kInforming[] = {"Unit IP Address Changed", "Control Port Changed"};
+// Those that say that the line or the unit failed.
+constexpr const char* kFailing[] = {"Comms Clash1!", "Comms Clash2!", "Comms Error"};
+
+QMessageBox::Icon IconOf(const std::string& title, const std::vector<BoxButton>& buttons) {
+    const auto is = [&title](const char* other) { return title == other; };
+    if (buttons.size() > 1) return QMessageBox::Question;
+    if (std::any_of(std::begin(kInforming), std::end(kInforming), is)) {
+        return QMessageBox::Information;
+    }
+    const bool failed = std::any_of(std::begin(kFailing), std::end(kFailing), is);
+    return failed ? QMessageBox::Critical : QMessageBox::Warning;
+}
+
 // Until `dialog` is answered, without a loop of Qt's own.
 void Run(QDialog& dialog, EventLoop& loop) {
     bool finished = false;
@@ -48,8 +64,7 @@ BoxButton QtBoxes::Show(const std::string& title, const std::string& text,
     box.setWindowTitle(ToQt(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQtLines(text));
-    const bool asks = buttons.size() > 1;
-    box.setIcon(asks ? QMessageBox::Question : QMessageBox::Information);
+    box.setIcon(IconOf(title, buttons));
     for (const BoxButton button : buttons) box.addButton(ToStandard(button));
     if (!buttons.empty()) box.setDefaultButton(ToStandard(buttons.front()));
     Run(box, loop_);

@@ -10,7 +10,7 @@ namespace kestrane {
 namespace {
 
 // As long as decoded texts usually get.
-constexpr char kLongText[] = "Turn off outlet 14 after fixed delay of 6300.0 seconds ......";
+constexpr char kLongText[] = "Turn off outlet 14 after fixed delay of 6300.0 sec";
 
 QLabel* Cell(Mirror& mirror, Label& label, const char* widest) {
     QLabel* cell = mirror.Make(label);
@@ -24,32 +24,46 @@ QLabel* Cell(Mirror& mirror, Label& label, const char* widest) {
 ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, Hand& hand,
                                    WhyDisabledFunction why_disabled, QWidget* owner)
     : FormWindow(form, hand, std::move(why_disabled), owner), form_(form) {
-    auto* content = new QWidget;
-    auto* outer = new QVBoxLayout(content);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kBetweenFrames);
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(kBetweenFrames, kGap, kBetweenFrames, kGap);
     outer->setSpacing(kGap);
     outer->addWidget(BuildUnitPicture(mirror_, form_));
     outer->addLayout(StatusLine());
     auto* middle = Row();
-    middle->setSpacing(2 * kBetweenFrames);
+    middle->setSpacing(kBetweenFrames);
     auto* left = Column();
     left->setSpacing(kGap);
     left->addWidget(Listing());
     left->addLayout(SecondByte());
     left->addStretch(1);
     middle->addLayout(left);
-    middle->addWidget(BuildInstructionButtons(mirror_, form_), 1, Qt::AlignTop);
+    middle->addWidget(Instructions(), 1);
     outer->addLayout(middle, 1);
-    outer->addWidget(BuildOutletMasks(mirror_, form_));
     outer->addLayout(Actions());
-    auto* holder = new ScrollingPage;
-    holder->Hold(content);
-    auto* window = new QVBoxLayout(this);
-    window->setContentsMargins(0, 0, 0, 0);
-    window->addWidget(holder);
     ChainFocus(mirror_.TakeMade());
+    mirror_.SetRestingPlace(scroll_);
+    scroll_->setFocus(Qt::OtherFocusReason);
     mirror_.OnRefreshed([this] { ShowProgress(); });
     ShowProgress();
+}
+
+QSize ScriptEditWindow::sizeHint() const {
+    constexpr QSize kUsual(1180, kSmallestHeight - 20);
+    return FormWindow::minimumSizeHint().expandedTo(kUsual);
+}
+
+// What inserts an instruction scrolls by itself, so that the listing and the actions stay.
+QWidget* ScriptEditWindow::Instructions() {
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kGap);
+    column->addWidget(BuildInstructionButtons(mirror_, form_));
+    column->addWidget(BuildOutletMasks(mirror_, form_));
+    column->addStretch(1);
+    auto* holder = new ScrollingPage;
+    holder->Hold(content);
+    return holder;
 }
 
 QLayout* ScriptEditWindow::StatusLine() {
@@ -74,14 +88,15 @@ QWidget* ScriptEditWindow::Listing() {
     row->setContentsMargins(4, 4, 2, 4);
     row->setSpacing(2);
     scroll_ = mirror_.Make(form_.scrListScroll);
+    scroll_->setFocusPolicy(Qt::WheelFocus);
     scroll_->setAccessibleName(QStringLiteral("Macro listing"));
     auto* rows = Column();
     rows->setSpacing(0);
     for (int i = 0; i < ScriptEditForm::kRows; ++i) {
         RowView* view = mirror_.Make(form_.shpOutline(i));
         auto* cells = new QHBoxLayout(view);
-        cells->setContentsMargins(kGap, 2, kGap, 2);
-        cells->setSpacing(2 * kGap);
+        cells->setContentsMargins(kGap, 1, kGap, 1);
+        cells->setSpacing(kGap);
         for (Label* label : {&form_.lblMem(i), &form_.lblMem1(i), &form_.lblMem2(i)}) {
             QLabel* cell = Cell(mirror_, *label, "00");
             cell->setFixedWidth(cell->minimumWidth());
@@ -105,7 +120,8 @@ QWidget* ScriptEditWindow::Listing() {
 
 QLayout* ScriptEditWindow::SecondByte() {
     auto* grid = new QGridLayout;
-    grid->setSpacing(kGap);
+    grid->setHorizontalSpacing(kGap);
+    grid->setVerticalSpacing(kSmallGap);
     TextBoxView* hex =
         AddField(mirror_, grid, 0, 0, form_.lblSecondByteHex, form_.txtSecondByteHex, 6);
     hex->UseFixedPitch();
@@ -115,15 +131,19 @@ QLayout* ScriptEditWindow::SecondByte() {
     time->UseFixedPitch();
     grid->addWidget(mirror_.Make(form_.lblSecs), 1, 2);
     grid->addWidget(mirror_.Make(form_.cmdSecondByteTimeOK), 1, 3);
-    grid->addWidget(mirror_.Make(form_.chkAutoIncrement), 0, 5);
-    grid->addWidget(mirror_.Make(form_.chkTrace), 1, 5);
+    grid->addWidget(mirror_.Make(form_.chkAutoIncrement), 0, 4, 1, 2);
+    QHBoxLayout* running = Row();
+    running->addWidget(mirror_.Make(form_.chkTrace));
+    running->addSpacing(kGap);
+    running->addWidget(mirror_.Make(form_.cmdGetStatus));
+    running->addStretch(1);
     TextBoxView* go_to = mirror_.Make(form_.txtGoTo, 4);
     go_to->setAccessibleName(QStringLiteral("Go to address"));
     go_to->UseFixedPitch();
-    grid->addWidget(go_to, 0, 6);
-    grid->addWidget(mirror_.Make(form_.cmdGoTo), 0, 7);
-    grid->addWidget(mirror_.Make(form_.cmdGetStatus), 1, 6, 1, 2);
-    grid->setColumnStretch(4, 1);
+    running->addWidget(go_to);
+    running->addWidget(mirror_.Make(form_.cmdGoTo));
+    grid->addLayout(running, 2, 0, 1, 6);
+    grid->setColumnStretch(5, 1);
     return grid;
 }
 

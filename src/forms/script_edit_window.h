@@ -1,7 +1,7 @@
 #pragma once
 
-// The macro editor's window: the unit's picture on top, the listing and the instruction buttons
-// below it, the outlet masks at the foot.
+// The macro editor's window: the unit's picture on top, the listing below it with what inserts an
+// instruction beside it, the actions at the foot.
 
 #include <QProgressBar>
 
@@ -22,12 +22,15 @@ class ScriptEditWindow : public FormWindow {
     ScriptEditWindow(ScriptEditForm& form, Hand& hand, WhyDisabledFunction why_disabled,
                      QWidget* owner);
 
+    QSize sizeHint() const override;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QWidget* Listing();
+    QWidget* Instructions();
     QLayout* StatusLine();
     QLayout* SecondByte();
     QLayout* Actions();

@@ -4,8 +4,8 @@
 namespace kestrane {
 
 QWidget* BuildSecurityPage(Mirror& mirror, SecurityTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
 
     FrameView* frame = mirror.Make(tab.fraSecuritySettings);
     QGridLayout* grid = GridIn(frame);
@@ -17,7 +17,8 @@ QWidget* BuildSecurityPage(Mirror& mirror, SecurityTab& tab) {
     for (int level = 0; level < 3; ++level) {
         AddField(mirror, grid, level + 1, 0, *captions[level], tab.txtWebPassword(level), 20);
         QCheckBox* disabled = mirror.Make(tab.chkWebSecurityDisable(level));
-        disabled->setAccessibleName(QStringLiteral("Disabled"));
+        disabled->setAccessibleName(QString::fromStdString(captions[level]->Caption()) +
+                                    QStringLiteral(" disabled"));
         grid->addWidget(disabled, level + 1, 2, Qt::AlignCenter);
     }
     grid->setColumnMinimumWidth(1, 12 * kGap);
@@ -33,7 +34,7 @@ QWidget* BuildSecurityPage(Mirror& mirror, SecurityTab& tab) {
     }
     outer->addLayout(help);
     outer->addStretch(1);
-    outer->addLayout(ButtonRow(mirror, {&tab.cmdReadWBISettings, &tab.cmdWriteWBISettings}));
+    page->Pin(ButtonRow(mirror, {&tab.cmdReadWBISettings, &tab.cmdWriteWBISettings}));
     return page;
 }
 

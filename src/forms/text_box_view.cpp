@@ -1,16 +1,16 @@
 #include "forms/text_box_view.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFontDatabase>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <limits>
 
 #include "forms/latin1.h"
-#include "forms/look.h"
+#include "forms/look/look.h"
+#include "forms/look/spacing.h"
 #include "forms/mirror.h"
 
 namespace kestrane {
@@ -61,6 +61,10 @@ void TextBoxView::SyncFromModel() {
     const EchoMode mode = box_.PasswordChar().empty() ? Normal : Password;
     if (echoMode() != mode) setEchoMode(mode);
     if (isReadOnly() != box_.Locked()) setReadOnly(box_.Locked());
+    if (window()->focusWidget() != this) {
+        if (hasSelectedText() || cursorPosition() != 0) setCursorPosition(0);
+        return;
+    }
     const int start = box_.SelStart();
     const int length = box_.SelLength();
     if (length > 0) {
@@ -70,15 +74,25 @@ void TextBoxView::SyncFromModel() {
     }
 }
 
+// Entering by Tab selects all, as the model does for most boxes in a moment.
+void TextBoxView::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (mirror_.form().Focused() == &box_) SyncFromModel();
+}
+
+void TextBoxView::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const bool stays_here = event->reason() == Qt::ActiveWindowFocusReason ||
+                            event->reason() == Qt::PopupFocusReason ||
+                            event->reason() == Qt::MenuBarFocusReason;
+    if (!stays_here) setCursorPosition(0);
+}
+
 void TextBoxView::PushSelection() {
     box_.Select(hasSelectedText() ? selectionStart() : cursorPosition(), selectionLength());
 }
 
-void TextBoxView::UseFixedPitch() {
-    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    fixed.setPointSizeF(QApplication::font().pointSizeF());
-    setFont(fixed);
-}
+void TextBoxView::UseFixedPitch() { setFont(FixedPitch()); }
 
 // Room for the columns, so that a layout follows the font.
 QSize TextBoxView::sizeHint() const {

@@ -15,7 +15,8 @@ class TextBoxView : public QLineEdit {
     // `columns`: the width in characters; 0: by the maximum length.
     TextBoxView(Mirror& mirror, TextBox& box, int columns);
 
-    // Brings text, mask and selection of the model into the view.
+    // Brings text, mask and, in the box that has the focus, the selection of the model into the
+    // view. The others show their beginning, with nothing selected.
     void SyncFromModel();
     void PushSelection();
 
@@ -26,6 +27,8 @@ class TextBoxView : public QLineEdit {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 

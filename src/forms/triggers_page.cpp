@@ -4,8 +4,8 @@
 namespace kestrane {
 
 QWidget* BuildTriggersPage(Mirror& mirror, TriggersTab& tab) {
-    auto* page = new QWidget;
-    QVBoxLayout* outer = ColumnOfPage(page);
+    auto* page = new PinnedPage;
+    QVBoxLayout* outer = page->content();
     FrameView* frame = mirror.Make(tab.fraMacroTrigger);
     QGridLayout* grid = GridIn(frame);
     grid->setVerticalSpacing(kGap);
@@ -29,7 +29,7 @@ QWidget* BuildTriggersPage(Mirror& mirror, TriggersTab& tab) {
     QHBoxLayout* buttons =
         ButtonRow(mirror, {&tab.cmdReadMacroTriggers, &tab.cmdWriteMacroTriggers});
     buttons->addWidget(mirror.Make(tab.cmdEditMacro));
-    outer->addLayout(buttons);
+    page->Pin(buttons);
     return page;
 }
 

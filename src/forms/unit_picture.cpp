@@ -5,7 +5,8 @@ namespace kestrane {
 namespace {
 
 constexpr int kOutletsInBlock = 7;
-constexpr int kNameLength = 8;
+constexpr int kNarrowPadding = 8;
+constexpr int kNameWidth = 8;  // in characters, of the inlets
 
 enum PictureRow { kNumber, kLight, kFuse, kBlock, kUpper, kLower, kOn, kOff };
 
@@ -21,15 +22,15 @@ void AddPosition(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, int po
     grid->addWidget(KeepPlace(mirror.Make(form.imgFuse(position))), kFuse, column, Qt::AlignCenter);
     for (const bool upper : {true, false}) {
         const int first = upper ? ScriptEditForm::kUpperNames : ScriptEditForm::kLowerNames;
-        QLabel* name = mirror.Make(form.lblDesi(first + position));
+        QLabel* name = mirror.Make<NameLabel>(form.lblDesi(first + position));
         name->setAlignment(Qt::AlignCenter);
-        name->setMinimumWidth(name->fontMetrics().averageCharWidth() * (kNameLength + 1));
         grid->addWidget(name, upper ? kUpper : kLower, column);
     }
     if (position >= ScriptEditForm::kOutlets) return;
     for (Button* button : {&form.cmdOn(position), &form.cmdOff(position)}) {
         ButtonView* view = mirror.Make(*button);
         view->ReserveFor({QStringLiteral("OFF 14")});
+        view->SetPadding(kNarrowPadding);
         grid->addWidget(view, button == &form.cmdOn(position) ? kOn : kOff, column);
     }
 }
@@ -47,8 +48,8 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
     auto* picture = new QFrame;
     picture->setFrameShape(QFrame::StyledPanel);
     auto* outer = new QVBoxLayout(picture);
-    outer->setContentsMargins(kMargin, kGap, kMargin, kGap);
-    outer->setSpacing(kGap - 2);
+    outer->setContentsMargins(kMargin, kSmallGap, kMargin, kSmallGap);
+    outer->setSpacing(kSmallGap);
     auto* titles = Row();
     for (Label* label : {&form.lblTitle, &form.lblTitle2}) {
         QLabel* title = mirror.Make(*label);
@@ -64,15 +65,16 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
     outer->addLayout(titles);
 
     auto* grid = new QGridLayout;
-    const int inlet_width = picture->fontMetrics().averageCharWidth() * (kNameLength + 3);
-    grid->setHorizontalSpacing(4);
-    grid->setVerticalSpacing(3);
+    const int inlet_width = picture->fontMetrics().averageCharWidth() * kNameWidth;
+    grid->setHorizontalSpacing(3);
+    grid->setVerticalSpacing(2);
     for (int i = 0; i < ScriptEditForm::kPositions; ++i) AddPosition(mirror, grid, form, i);
     AddBar(mirror, grid, form.imgFuse7Block(0), 0, kOutletsInBlock - 1);
     AddBar(mirror, grid, form.imgFuse7Block(1), kOutletsInBlock, ScriptEditForm::kOutlets - 1);
     AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,
            ScriptEditForm::kSecondInlet);
-    grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, 2 * kGap);
+    for (int i = 0; i < ScriptEditForm::kOutlets; ++i) grid->setColumnStretch(i, 1);
+    grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, kGap);
     for (const int inlet : {ScriptEditForm::kFirstInlet, ScriptEditForm::kSecondInlet}) {
         grid->setColumnMinimumWidth(ColumnOf(inlet), inlet_width);
     }

@@ -2,14 +2,16 @@
 
 #include <QFontDatabase>
 #include <QPainter>
+#include <QScrollBar>
 
 #include "forms/latin1.h"
-#include "forms/look.h"
+#include "forms/look/look.h"
+#include "forms/look/spacing.h"
 
 namespace kestrane {
 namespace {
 
-constexpr int kButtonPadding = 20;
+constexpr int kUsualPadding = 20;
 constexpr int kLines = 3;  // of a long text
 
 }  // namespace
@@ -49,12 +51,19 @@ QSize ButtonView::sizeHint() const {
     for (const QString& caption : reserved_) {
         width = std::max(width, metrics.horizontalAdvance(caption));
     }
-    size.setWidth(std::max(size.width(), width + kButtonPadding));
+    // Narrow ones may go below the style's own width.
+    const int least = padding_ < kUsualPadding ? 0 : size.width();
+    size.setWidth(std::max(least, width + padding_));
     return size;
 }
 
 void ButtonView::ReserveFor(std::vector<QString> captions) {
     reserved_ = std::move(captions);
+    updateGeometry();
+}
+
+void ButtonView::SetPadding(int padding) {
+    padding_ = padding;
     updateGeometry();
 }
 
@@ -68,6 +77,12 @@ void LightView::SetPicture(int picture) {
     update();
 }
 
+void LightView::SetFaded(bool faded) {
+    if (faded_ == faded) return;
+    faded_ = faded;
+    update();
+}
+
 QSize LightView::sizeHint() const { return {20, 19}; }
 
 void LightView::paintEvent(QPaintEvent*) {
@@ -76,6 +91,7 @@ void LightView::paintEvent(QPaintEvent*) {
     const QColor colour = kColours[picture_ >= 0 && picture_ < 4 ? picture_ : 0];
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (faded_) painter.setOpacity(0.35);
     const QRectF circle = QRectF(rect()).adjusted(2.5, 2, -2.5, -2);
     QRadialGradient glow(circle.center() - QPointF(2.5, 3), circle.width() * 0.75);
     glow.setColorAt(0, colour.lighter(165));
@@ -141,20 +157,137 @@ ScrollingPage::ScrollingPage() {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
 void ScrollingPage::Hold(QWidget* page) {
     setWidget(page);
     page->setAutoFillBackground(false);
     viewport()->setAutoFillBackground(false);
+    page->installEventFilter(this);
     updateGeometry();
 }
 
 QSize ScrollingPage::sizeHint() const {
     if (!widget()) return QScrollArea::sizeHint();
-    // The frame of a tab takes a little more than it tells.
+    // The frame of a tab takes a little more than it says.
     constexpr QSize kFrameOfTab(4, 4);
     return widget()->sizeHint() + kFrameOfTab;
+}
+
+// As wide as the page needs with its bar beside it, as there is no scrolling sideways.
+QSize ScrollingPage::minimumSizeHint() const {
+    const int page = widget() ? widget()->minimumSizeHint().width() : 0;
+    return {page + verticalScrollBar()->sizeHint().width(), 6 * fontMetrics().lineSpacing()};
+}
+
+void ScrollingPage::Reveal(QWidget& widget) {
+    for (QWidget* at = widget.parentWidget(); at != nullptr; at = at->parentWidget()) {
+        auto* page = dynamic_cast<ScrollingPage*>(at);
+        if (page) page->ensureWidgetVisible(&widget, 0, kGap);
+    }
+}
+
+bool ScrollingPage::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::eventFilter(watched, event);
+}
+
+// PinnedPage
+
+PinnedPage::PinnedPage() : outer_(new QVBoxLayout(this)) {
+    constexpr int kWidest = 190;  // characters
+    outer_->setContentsMargins(0, 0, 0, 0);
+    outer_->setSpacing(0);
+    auto* inner = new QWidget;
+    inner->setMaximumWidth(kWidest * fontMetrics().averageCharWidth());
+    content_ = new QVBoxLayout(inner);
+    content_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    content_->setSpacing(kMargin);
+    auto* page = new QWidget;
+    auto* centre = new QHBoxLayout(page);
+    centre->setContentsMargins(0, 0, 0, 0);
+    centre->addWidget(inner, 1);
+    auto* holder = new ScrollingPage;
+    holder->Hold(page);
+    outer_->addWidget(holder, 1);
+}
+
+void PinnedPage::Pin(QLayout* buttons) {
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+    outer_->addWidget(line);
+    buttons->setContentsMargins(kMargin, kGap, kMargin, kGap);
+    outer_->addLayout(buttons);
+}
+
+// ButtonFlow
+
+ButtonFlow::ButtonFlow(QWidget* parent) : QLayout(parent) {
+    setContentsMargins(0, 0, 0, 0);
+    setSpacing(kSmallGap);
+}
+
+ButtonFlow::~ButtonFlow() {
+    for (QLayoutItem* item : items_) delete item;
+}
+
+QLayoutItem* ButtonFlow::itemAt(int index) const {
+    const auto place = static_cast<std::size_t>(index);
+    return place < items_.size() ? items_[place] : nullptr;
+}
+
+QLayoutItem* ButtonFlow::takeAt(int index) {
+    QLayoutItem* const item = itemAt(index);
+    if (item) items_.erase(items_.begin() + index);
+    return item;
+}
+
+QSize ButtonFlow::Cell() const {
+    QSize cell(1, 1);
+    for (const QLayoutItem* item : items_) cell = cell.expandedTo(item->sizeHint());
+    return cell;
+}
+
+int ButtonFlow::Columns(int width) const {
+    return std::clamp((width + spacing()) / (Cell().width() + spacing()), 1, std::max(1, count()));
+}
+
+int ButtonFlow::heightForWidth(int width) const {
+    const int columns = Columns(width);
+    const int rows = (count() + columns - 1) / columns;
+    return rows * Cell().height() + std::max(0, rows - 1) * spacing();
+}
+
+QSize ButtonFlow::sizeHint() const { return minimumSize(); }
+
+QSize ButtonFlow::minimumSize() const { return Cell(); }
+
+void ButtonFlow::setGeometry(const QRect& rect) {
+    QLayout::setGeometry(rect);
+    const QSize cell = Cell();
+    const int columns = Columns(rect.width());
+    for (int i = 0; i < count(); ++i) {
+        const QPoint corner(rect.x() + i % columns * (cell.width() + spacing()),
+                            rect.y() + i / columns * (cell.height() + spacing()));
+        items_[static_cast<std::size_t>(i)]->setGeometry({corner, cell});
+    }
+}
+
+// NameLabel
+
+void NameLabel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const int wanted = fontMetrics().horizontalAdvance(text());
+    if (wanted > width()) {
+        QFont smaller = font();
+        smaller.setPixelSize(std::max(5, fontInfo().pixelSize() * width() / wanted));
+        painter.setFont(smaller);
+    }
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(rect(), static_cast<int>(alignment()), text());
 }
 
 // LongTextView
@@ -193,7 +326,7 @@ QSize LongTextView::sizeHint() const {
 }
 
 QSize LongTextView::minimumSizeHint() const {
-    return {fontMetrics().averageCharWidth() * 16, sizeHint().height()};
+    return {fontMetrics().averageCharWidth() * 8, sizeHint().height()};
 }
 
 }  // namespace kestrane

@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 #include <QWidget>
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -39,8 +40,11 @@ class ButtonView : public QPushButton {
 
     // At least as wide as with these captions, so that a change among them moves nothing.
     void ReserveFor(std::vector<QString> captions);
+    // Air beside the caption, both sides together.
+    void SetPadding(int padding);
 
   private:
+    int padding_ = 20;
     std::vector<QString> reserved_;
 };
 
@@ -50,6 +54,8 @@ class LightView : public QWidget {
     LightView();
 
     void SetPicture(int picture);
+    // Fades what is no longer known to be so.
+    void SetFaded(bool faded);
     QSize sizeHint() const override;
 
   protected:
@@ -57,6 +63,7 @@ class LightView : public QWidget {
 
   private:
     int picture_ = 0;
+    bool faded_ = false;
 };
 
 // The symbol of a fuse, or, as a bar, the bracket under a block of them.
@@ -89,13 +96,71 @@ class RowView : public QWidget {
     bool marked_ = false;
 };
 
-// Scrolls what does not fit, but asks for room for all of it.
+// Scrolls what does not fit, up and down only, and asks for room for all of it. Nothing but the
+// operator moves it: the wheel, the bar, and the Tab key, which reveals the control it leads to.
 class ScrollingPage : public QScrollArea {
   public:
     ScrollingPage();
 
     void Hold(QWidget* page);
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+    // Scrolls the page around `widget`, if there is one, until it can be seen.
+    static void Reveal(QWidget& widget);
+
+  protected:
+    // A control that is disabled passes the focus on, which must not scroll.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+// A page whose buttons stay in their place below what scrolls.
+class PinnedPage : public QWidget {
+  public:
+    PinnedPage();
+
+    // What scrolls is laid out in here; it is not stretched beyond what can be overlooked.
+    QVBoxLayout* content() const { return content_; }
+    void Pin(QLayout* buttons);
+
+  private:
+    QVBoxLayout* content_;
+    QVBoxLayout* outer_;
+};
+
+// Puts its items side by side in columns of one width, as many as there is room for.
+class ButtonFlow : public QLayout {
+  public:
+    explicit ButtonFlow(QWidget* parent = nullptr);
+    ~ButtonFlow() override;
+
+    void addItem(QLayoutItem* item) override { items_.push_back(item); }
+    int count() const override { return static_cast<int>(items_.size()); }
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+    Qt::Orientations expandingDirections() const override { return {}; }
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+    void setGeometry(const QRect& rect) override;
+
+  private:
+    QSize Cell() const;
+    int Columns(int width) const;
+
+    std::vector<QLayoutItem*> items_;
+};
+
+// A name that is made smaller until it fits, and never cut off.
+class NameLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+    QSize minimumSizeHint() const override { return {20, QLabel::minimumSizeHint().height()}; }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 // A text of any length, read-only, in a fixed-pitch face. Only its beginning is shown, with the

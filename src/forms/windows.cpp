@@ -64,10 +64,7 @@ void Windows::FocusChanged(Form& form) {
     if (FormWindow* window = Find(form)) window->mirror().FocusChanged();
 }
 
-void Windows::FormShown(Form& form) {
-    WindowOf(form).ShowCentred();
-    if (&form == &forms_.main) main_->PreparePages();
-}
+void Windows::FormShown(Form& form) { WindowOf(form).ShowCentred(); }
 
 void Windows::FormHidden(Form& form) {
     if (FormWindow* window = Find(form)) window->hide();

@@ -2,7 +2,7 @@
 #include <QFont>
 #include <set>
 
-#include "forms/look.h"
+#include "forms/look/look.h"
 #include "forms/progress.h"
 #include "forms/qt_dialogs.h"
 #include "forms_test_support.h"

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QFont>
 
-#include "forms/look.h"
+#include "forms/look/look.h"
 
 // Without a display, and in the look that the pictures are judged in.
 int main(int argc, char** argv) {

@@ -1,9 +1,14 @@
-#include "forms/look.h"
+#include "forms/look/look.h"
 
 #include <QApplication>
-#include <QStyleFactory>
+#include <QIcon>
 #include <algorithm>
 #include <cmath>
+
+#include "forms/look/style.h"
+
+// A static library's resources are linked only where they are asked for.
+static void InitResources() { Q_INIT_RESOURCE(look); }
 
 namespace kestrane {
 namespace {
@@ -42,6 +47,18 @@ void SetDisabledTexts(QPalette& palette) {
         const QColor faint = Mix(palette.color(QPalette::Active, role), ground, 0.5);
         palette.setColor(QPalette::Disabled, role, Readable(faint, ground));
     }
+}
+
+// Whether the look is the desktop's, and not one that was asked for.
+bool follows_system = false;
+
+// What the desktop says, whatever palette the application has set.
+bool SystemIsDark() {
+    const QPalette own = QApplication::palette();
+    QApplication::setPalette(QPalette());
+    const bool dark = IsDark(QApplication::palette());
+    QApplication::setPalette(own);
+    return dark;
 }
 
 QPalette LightPalette() {
@@ -123,9 +140,18 @@ QPalette WithColours(QPalette palette, QPalette::ColorRole text, QPalette::Color
 }  // namespace
 
 void ApplyLook(Look look) {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    const bool dark =
-        look == Look::kDark || (look == Look::kSystem && IsDark(QApplication::palette()));
+    InitResources();
+    follows_system = look == Look::kSystem;
+    const bool dark = look == Look::kDark || (follows_system && SystemIsDark());
+    QApplication::setStyle(new LookStyle);
+    QApplication::setPalette(dark ? DarkPalette() : LightPalette());
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/kestrane.svg")));
+}
+
+void FollowSystem() {
+    if (!follows_system) return;
+    const bool dark = SystemIsDark();
+    if (dark == IsDark(QApplication::palette())) return;
     QApplication::setPalette(dark ? DarkPalette() : LightPalette());
 }
 
@@ -133,6 +159,31 @@ QColor ToQColor(Colour colour) {
     if (colour & kSystemColours) return {};
     return QColor(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
                   static_cast<int>(colour >> 16 & 0xFF));
+}
+
+QColor GoodColour(const QPalette& palette) {
+    return IsDark(palette) ? QColor(0x4C, 0xC2, 0x6A) : QColor(0x1E, 0x7B, 0x34);
+}
+
+QColor WarningColour(const QPalette& palette) {
+    return IsDark(palette) ? QColor(0xF0, 0xA8, 0x3C) : QColor(0x9A, 0x5B, 0x00);
+}
+
+QColor FaultColour(const QPalette& palette) {
+    return IsDark(palette) ? QColor(0xFF, 0x7B, 0x72) : QColor(0xC6, 0x22, 0x22);
+}
+
+QColor ChangedColour(const QPalette& palette) {
+    return IsDark(palette) ? QColor(0x5A, 0xA9, 0xFF) : QColor(0x1F, 0x6F, 0xC4);
+}
+
+QPalette PrimaryPalette(QPalette palette) {
+    const QColor fill = IsDark(palette) ? QColor(0x2F, 0x6F, 0xB8) : QColor(0x1F, 0x66, 0xB5);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Button, fill);
+        palette.setColor(group, QPalette::ButtonText, Qt::white);
+    }
+    return palette;
 }
 
 bool IsDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() < 128; }

@@ -13,14 +13,26 @@ namespace kestrane {
 
 enum class Look { kSystem, kLight, kDark };
 
-// Sets style and palette of the application.
+// Sets style, palette and icon of the application. With kSystem the look follows the system's from
+// then on.
 void ApplyLook(Look look);
+
+// Takes over the system's look where it has become light or dark since.
+void FollowSystem();
 
 // Red, green and blue of a colour; the system's face colours, which have no value of their own,
 // are not valid colours.
 QColor ToQColor(Colour colour);
 
 bool IsDark(const QPalette& palette);
+
+// Colours by role; none of them is the only sign of what it means.
+QColor GoodColour(const QPalette& palette);
+QColor WarningColour(const QPalette& palette);
+QColor FaultColour(const QPalette& palette);
+QColor ChangedColour(const QPalette& palette);
+// A button that is the one thing to do.
+QPalette PrimaryPalette(QPalette palette);
 
 // Contrast of two colours, 1 to 21.
 double Contrast(const QColor& a, const QColor& b);
