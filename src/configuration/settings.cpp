@@ -56,7 +56,7 @@ void Relay(Setting& row, int address, int count) {
 }
 
 void AddNetwork(Table& table) {
-    constexpr char kTab[] = "network";
+    static constexpr char kTab[] = "network";
     const auto identity = [](Setting& row) { row.identity = true; };
     Setting* row = &table.Text("network.netbios_name", "txtNetbiosName", kTab, 16,
                                "Name on Windows networks, up to 15 characters, stored in capitals.");
@@ -90,7 +90,7 @@ void AddNetwork(Table& table) {
 }
 
 void AddPorts(Table& table) {
-    constexpr char kTab[] = "network";
+    static constexpr char kTab[] = "network";
     constexpr int kKeys[] = {0x02F0, 0x0300, 0x0310};
     for (int i = 0; i < 3; ++i) {
         const std::string prefix = std::string("ports.") + kPorts[i] + ".";
@@ -121,7 +121,7 @@ void AddPorts(Table& table) {
 }
 
 void AddNetworkRest(Table& table) {
-    constexpr char kTab[] = "network";
+    static constexpr char kTab[] = "network";
     constexpr const char* kArp[][2] = {
         {"arp.req_ff", "Whether the unit announces itself by ARP requests to FF."},
         {"arp.resp_ff", "Whether the unit announces itself by ARP responses to FF."},
@@ -268,7 +268,7 @@ void AddSensors(Table& table) {
 }
 
 void AddChangeover(Table& table) {
-    constexpr char kTab[] = "changeover";
+    static constexpr char kTab[] = "changeover";
     constexpr const char* kValues[][2] = {
         {"off_time_main", "Time that the main supply may be off, in samples of 0.2 ms"},
         {"off_time_backup", "Time that the backup supply may be off, in samples of 0.2 ms"},

@@ -75,6 +75,13 @@ void Firmware::cmdGetUnitFirmware_Click() {
 }
 
 bool Firmware::ReadAll() {
+    if (!ReadBoards()) return false;
+    form_.lblMemoryBlock.SetCaption("Getting latest Firmware versions");
+    FetchVersions();
+    return true;
+}
+
+bool Firmware::ReadBoards() {
     form_.lblMemoryBlock.SetCaption("Reading Relay Version");
     const auto relay_code = ReadBoard(session_.RelayAddress, tab_.lblRelayVersion);
     if (!relay_code) return false;
@@ -85,10 +92,7 @@ bool Firmware::ReadAll() {
     display_code_ = *display_code;
     tab_.lblType.SetCaption(ModelOf(display_code_, relay_code_));
     form_.lblMemoryBlock.SetCaption("Reading Serial Number");
-    if (!ReadSerialNumber()) return false;
-    form_.lblMemoryBlock.SetCaption("Getting latest Firmware versions");
-    FetchVersions();
-    return true;
+    return ReadSerialNumber();
 }
 
 std::optional<std::string> Firmware::ReadBoard(int board, Label& version) {

@@ -19,6 +19,8 @@ class Firmware {
     Firmware(MainForm& form, Session& session, Link& link, std::string_view versions_url);
 
     void cmdGetUnitFirmware_Click();
+    // The boards' part of it: versions, model and serial number. False if one could not be had.
+    bool ReadBoards();
     void cmdRelayBootload_Click();
     void NetGrab1_Complete(std::size_t nBytes);
     void NetGrab1_Failed(int ErrNum, const std::string& ErrDesc);

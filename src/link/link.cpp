@@ -206,11 +206,15 @@ void Link::WaitForReply() {
     const Depth depth(waits_);
     const Depth reply_depth(reply_waits_);
     while (seen_ == Seen::kNothing && form_.Label3.Caption() == kWaiting) {
-        if (current_ && current_->Stale() && current_->connection_ <= released_) return;
+        if (Released()) return;
         platform_.loop.Pump();
     }
     // Later bytes of the same pump have come after the wait was over.
     if (seen_ == Seen::kBytes) session_.ReplyBuffer = first_reply_;
+}
+
+bool Link::Released() const {
+    return current_ && current_->Stale() && current_->connection_ <= released_;
 }
 
 bool Link::ReplyUnseen() const {
@@ -337,7 +341,7 @@ void Link::MdWait(std::chrono::milliseconds time) {
     bool over = false;
     const auto timer = platform_.timers.NewTimer([&over] { over = true; });
     timer->Start(time);
-    while (!over) platform_.loop.Pump();
+    while (!over && !Released()) platform_.loop.Pump();
 }
 
 }  // namespace kestrane

@@ -97,6 +97,10 @@ class Link {
     // Sends a command in a frame that is built already, awaiting nothing.
     void SendUnawaited(std::string_view command, const std::string& frame);
 
+    // Ends every wait that a lost connection has left behind, and those of operations that go on
+    // in vain. For callers that have nobody to connect anew.
+    void ReleaseWaits() { released_ = connections_; }
+
     // A new connection begins, or the present one ends; operations of the old one become stale.
     void NewConnection();
     void EndConnection();
@@ -132,6 +136,7 @@ class Link {
     bool SendAndWait(std::string& text, bool* poll_waiting);
     Exchange::End EndOfUnchecked() const;
     void SendRaw(const std::string& frame);
+    bool Released() const;
     void WaitForReply();
     void ShowSent(const std::string& escaped);
     Verdict JudgeReply(int& repeat_count);

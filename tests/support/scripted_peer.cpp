@@ -29,6 +29,9 @@ void ReplyLine::Send(std::string reply) {
             socket_.Deliver(reply.substr(0, position), latency_);
             socket_.CloseByPeer(latency_);
             return;
+        case Fault::Kind::kShort:
+            reply.resize(reply.size() - reply.size() / 3);
+            break;
     }
     socket_.Deliver(std::move(reply), latency_);
 }
@@ -50,6 +53,8 @@ void ReplyLine::GarbleNext(std::size_t position) {
 }
 
 void ReplyLine::CutNext(std::size_t position) { faults_.push_back({Fault::Kind::kCut, position}); }
+
+void ReplyLine::CutShortNext() { faults_.push_back({Fault::Kind::kShort}); }
 
 ScriptedPeer::ScriptedPeer(FakeSocket& socket, Answer answer)
     : socket_(socket), line_(socket), answer_(std::move(answer)) {

@@ -39,10 +39,12 @@ class ReplyLine {
     void GarbleNext(std::size_t position);
     // The bytes before `position` arrive, then the peer closes the connection.
     void CutNext(std::size_t position);
+    // The last third of the reply does not arrive.
+    void CutShortNext();
 
   private:
     struct Fault {
-        enum class Kind { kPass, kDrop, kSplit, kGarble, kCut } kind;
+        enum class Kind { kPass, kDrop, kSplit, kGarble, kCut, kShort } kind;
         std::size_t position = 0;
         Milliseconds gap{0};
     };

@@ -1,0 +1,269 @@
+// The engine against the demo unit on virtual time: what it writes, what it says of it, and that
+// both agree whatever happens to the line.
+
+#include "configuration/engine.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+#include "support/tool_on_line.h"
+#include "unit/state.h"
+
+namespace kestrane {
+namespace {
+
+using Result = ApplyReport::Result;
+
+struct EngineTest : ::testing::Test, ToolOnUnit {
+    EngineTest() {
+        form.txtCurrentIPAddress.SetText("127.0.0.1");
+        world.loop.set_event_limit(100'000'000);
+    }
+
+    static SettingValues Values(const std::string& settings) {
+        const auto text = ReadConfiguration(
+            R"({"format": "kestrane-configuration", "version": 1, "settings": )" + settings + "}");
+        for (const FileFault& fault : text.faults) ADD_FAILURE() << fault.Line("f");
+        return text.values;
+    }
+    ApplyReport ApplyTo(const SettingValues& wanted, ApplyRequest request = {}) {
+        UnitSession unit(tool, std::chrono::milliseconds(300));
+        request.wanted = wanted;
+        request.filter.identity = request.filter.live = true;
+        ApplyReport report = kestrane::Apply(unit, request);
+        unit.Disconnect();
+        return report;
+    }
+    Backup ReadAll() {
+        UnitSession unit(tool);
+        Backup backup = ReadBackup(unit, true);
+        unit.Disconnect();
+        EXPECT_EQ(backup.error, "");
+        return backup;
+    }
+    int Writes() const {
+        int writes = 0;
+        for (const Exchange& exchange : tool.link.journal().exchanges()) writes += exchange.IsWrite();
+        return writes;
+    }
+    static std::string States(const ApplyReport& report) {
+        std::string states;
+        for (const SettingChange& change : report.changes) {
+            states += change.setting->key + "=" + StateInWords(change.state) + " ";
+        }
+        return states;
+    }
+};
+
+// A change on each tab, with what depends on something else among them.
+constexpr char kOnEveryTab[] = R"({
+  "network": {"unit_name": "Rack 7", "time_server": "1.2.3.4", "dhcp": true},
+  "ports": {"b": {"port": 4001, "key": "0123456789abcdef0123456789ABCDEF"}},
+  "unit": {"id": "02"},
+  "privileges": {"relay": {"b": {"write_other_privileges": true, "read_other_privileges": true}}},
+  "security": {"view": {"password": "a"}, "control": {"password": "b"}, "admin": {"disabled": true}},
+  "names": {"outlet": {"3": {"upper": "NAS"}}},
+  "triggers": {"2": {"name": "Restart", "address": "2A", "enabled": true}},
+  "sensors": {"1": {"name": "Inlet"}},
+  "changeover": {"startup": {"phase": 5, "default_inlet": "B sync"}, "live": {"phase": 6}},
+  "macro": {"7E": "C6 03"}
+})";
+
+TEST_F(EngineTest, WritesWhatDiffersReadsItBackAndThenFindsNothingLeft) {
+    const SettingValues wanted = Values(kOnEveryTab);
+    const ApplyReport report = ApplyTo(wanted);
+    EXPECT_EQ(report.error, "");
+    EXPECT_EQ(report.result, Result::kChanged);
+    EXPECT_EQ(report.changes.size(), 16u) << "four hold already";
+    EXPECT_EQ(report.CountOf(SettingState::kVerified), 13) << States(report);
+    EXPECT_EQ(report.CountOf(SettingState::kUnverified), 3) << "a key and two passwords";
+    const int writes = Writes();
+    const ApplyReport again = ApplyTo(wanted);
+    // What a unit does not give back is the only thing that a second time writes.
+    for (const SettingChange& change : again.changes) EXPECT_FALSE(change.before);
+    SettingValues readable = wanted;
+    for (const SettingChange& change : again.changes) readable.erase(change.setting);
+    const int more = Writes();
+    EXPECT_EQ(ApplyTo(readable).result, Result::kSame);
+    EXPECT_EQ(Writes(), more);
+    EXPECT_GT(writes, 0);
+}
+
+TEST_F(EngineTest, ComparesAndTriesWithoutAWrite) {
+    ApplyRequest dry;
+    dry.dry_run = true;
+    const ApplyReport report = ApplyTo(Values(kOnEveryTab), dry);
+    EXPECT_EQ(report.result, Result::kDifferent);
+    EXPECT_EQ(report.CountOf(SettingState::kPlanned), static_cast<int>(report.changes.size()));
+    EXPECT_EQ(Writes(), 0);
+}
+
+TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
+    for (const char* settings :
+         {R"({"network": {"ip_address": "0.1.2.3"}})", R"({"network": {"netbios_name": "abc"}})",
+          R"({"unit": {"id": "62"}})", R"({"ports": {"a": {"attack_limit": 5}}})",
+          R"({"security": {"view": {"password": "x"}}})", R"({"macro": {"7F": "02 01"}})",
+          R"({"triggers": {"8": {"address": "", "enabled": true}}})",
+          R"({"privileges": {"relay": {"a": {"write_other_privileges": true,
+             "read_other_privileges": false}}}})"}) {
+        const ApplyReport report = ApplyTo(Values(settings));
+        EXPECT_EQ(report.result, Result::kRefused) << settings << report.error;
+    }
+    EXPECT_EQ(Writes(), 0);
+}
+
+TEST_F(EngineTest, ABackupBringsAUnitBack) {
+    const Backup before = ReadAll();
+    EXPECT_EQ(before.unit.type, "KMD 353TX");
+    ApplyTo(Values(R"({"names": {"outlet": {"3": {"upper": "NAS"}}}, "oled": {"timeout": 70},
+                       "macro": {"40": "01 10"}})"));
+    const Backup changed = ReadAll();
+    EXPECT_NE(changed.values, before.values);
+    const SettingFilter all{{}, {}, true, true};
+    EXPECT_EQ(CompareValues(before.values, changed.values, all).changes.size(), 3u);
+    const std::string file = WriteConfiguration(before.unit, before.values, before.left_out);
+    const auto text = ReadConfiguration(file);
+    EXPECT_EQ(text.faults.size(), 0u);
+    ApplyTo(text.values);
+    EXPECT_EQ(ReadAll().values, before.values);
+}
+
+// The unit, with one fault at one exchange. What the fault lets through is carried out.
+class FaultyPeer : public Peer {
+  public:
+    enum class Fault { kRefuse, kIgnore, kLoseReply, kCorrupt, kClose, kReset, kShort };
+
+    FaultyPeer(FakeSocket& socket, UnitPeer& unit) : socket_(socket), unit_(unit) {
+        socket_.Attach(this);
+    }
+
+    void Strike(Fault fault, int exchange) {
+        fault_ = fault;
+        left_ = exchange;
+    }
+    bool Struck() const { return left_ < 0; }
+    void Rest() { left_ = std::numeric_limits<int>::max(); }
+
+    void OnConnect() override { unit_.OnConnect(); }
+    void OnBytes(std::string_view bytes) override {
+        if (--left_ >= 0 || left_ < -1) return unit_.OnBytes(bytes);
+        ReplyLine& line = unit_.line();
+        switch (fault_) {
+            case Fault::kRefuse: {
+                std::string text = std::string(bytes.substr(2, 2)) + '\x16';
+                AddEscapesAndChecksum(text);
+                return line.Send(FrameOf(text));
+            }
+            case Fault::kIgnore:
+                return;
+            case Fault::kLoseReply:
+                line.DropNext();
+                break;
+            case Fault::kCorrupt:
+                // The first of them is repeated.
+                for (int i = 0; i < 4; ++i) line.GarbleNext(2);
+                break;
+            case Fault::kClose:
+                line.CutNext(0);
+                break;
+            case Fault::kReset:
+                unit_.OnBytes(bytes);
+                return socket_.ResetByPeer();
+            case Fault::kShort:
+                line.CutShortNext();
+                break;
+        }
+        unit_.OnBytes(bytes);
+    }
+
+  private:
+    FakeSocket& socket_;
+    UnitPeer& unit_;
+    Fault fault_ = Fault::kIgnore;
+    int left_ = std::numeric_limits<int>::max();
+};
+
+struct FaultTest : EngineTest {
+    FaultyPeer faulty{world.tcpsend, peer};
+    const std::string undo_file =
+        (std::filesystem::temp_directory_path() / ("undo" + std::to_string(getpid()))).string();
+
+    ~FaultTest() override { std::filesystem::remove(undo_file); }
+
+    // Without the sensors' readings, which move by themselves.
+    std::string Memory() {
+        const std::string state = unit::EncodeState(peer.unit().Memory());
+        return state.substr(0x0010, 0x0290) + state.substr(0x03F0, 0x0420);
+    }
+    void Undo() {
+        std::ifstream file(undo_file);
+        const std::string content{std::istreambuf_iterator<char>(file), {}};
+        const ApplyReport report = ApplyTo(ReadConfiguration(content).values);
+        EXPECT_EQ(report.error, "");
+        file.close();
+        std::filesystem::remove(undo_file);
+    }
+    // What the report says of each setting, against the unit: what differs still holds what it did.
+    void Check(const ApplyReport& report, const SettingValues& wanted, const std::string& where) {
+        ApplyRequest compare;
+        compare.compare_only = true;
+        const ApplyReport left = ApplyTo(wanted, compare);
+        EXPECT_EQ(left.error, "") << where;
+        for (const SettingChange& change : report.changes) {
+            const auto found = std::find_if(
+                left.changes.begin(), left.changes.end(),
+                [&](const SettingChange& other) { return other.setting == change.setting; });
+            const bool is_new = found == left.changes.end();
+            const bool is_old = !is_new && found->before == change.before;
+            const std::string told = where + change.setting->key + " " +
+                                     StateInWords(change.state) + " " + report.error;
+            EXPECT_TRUE(is_new || is_old) << told;
+            using State = SettingState;
+            if (change.state == State::kVerified || change.state == State::kWritten) {
+                EXPECT_TRUE(is_new) << told;
+            }
+            if (change.state == State::kNotBegun || change.state == State::kNotTaken ||
+                change.state == State::kPlanned) {
+                EXPECT_TRUE(is_old) << told;
+            }
+        }
+    }
+};
+
+TEST_F(FaultTest, AtEveryExchangeTheReportAgreesTheNextCallCompletesAndTheUndoFileBringsBack) {
+    const SettingValues wanted = Values(
+        R"({"oled": {"timeout": 70}, "snmp": {"contact": "Ann"},
+            "names": {"outlet": {"3": {"upper": "NAS"}, "14": {"lower": "Last"}}},
+            "privileges": {"relay": {"b": {"write_other_privileges": true}}}})");
+    ApplyRequest request;
+    request.undo_file = undo_file;
+    // The write of a tab sets blocks that hold nothing to blanks; from then on they stay.
+    EXPECT_EQ(ApplyTo(wanted, request).result, Result::kChanged);
+    const int exchanges = static_cast<int>(tool.link.journal().exchanges().size());
+    Undo();
+    const std::string before = Memory();
+    using Fault = FaultyPeer::Fault;
+    for (const Fault fault : {Fault::kRefuse, Fault::kIgnore, Fault::kLoseReply, Fault::kCorrupt,
+                              Fault::kClose, Fault::kReset, Fault::kShort}) {
+        for (int exchange = 0; exchange < exchanges; ++exchange) {
+            const std::string where = "fault " + std::to_string(static_cast<int>(fault)) + " at " +
+                                      std::to_string(exchange) + ": ";
+            faulty.Strike(fault, exchange);
+            const ApplyReport report = ApplyTo(wanted, request);
+            EXPECT_TRUE(faulty.Struck()) << where;
+            faulty.Rest();
+            Check(report, wanted, where);
+            const ApplyReport again = ApplyTo(wanted, request);
+            EXPECT_EQ(again.error, "") << where;
+            Undo();
+            ASSERT_TRUE(Memory() == before) << where;
+        }
+    }
+}
+
+}  // namespace
+}  // namespace kestrane

@@ -1,0 +1,139 @@
+// Configuration files: every fault with its place, and what is written comes back the same.
+
+#include "configuration/file.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <random>
+
+namespace kestrane {
+namespace {
+
+std::string Head(const std::string& settings) {
+    return "{\"format\": \"kestrane-configuration\", \"version\": 1, \"settings\": " + settings +
+           "}";
+}
+
+std::vector<std::string> Lines(const ConfigurationText& text) {
+    std::vector<std::string> lines;
+    for (const FileFault& fault : text.faults) lines.push_back(fault.Line("f"));
+    return lines;
+}
+
+TEST(ConfigurationFile, TellsEveryFaultInOneGoWithItsPlace) {
+    const std::string content = R"({
+  // a remark
+  "format": "kestrane-configuration",
+  "version": 2,
+  "extra": 1,
+  "settings": {
+    "network": {
+      "unit_nam": "x", "dhcp": 1, /* another */ "ip_address": "1.2.3",
+      "unit_location": "ä Ā",
+      "dhcp": true
+    },
+    "ports": { "a": { "attack_limit": 32, "key_count": 3, "port": [1, 2] }, "b": 7 },
+    "names": "none"
+  }
+})";
+    EXPECT_EQ(Lines(ReadConfiguration(content)),
+              (std::vector<std::string>{
+                  "f:4:14: version: is not known; this program reads version 1",
+                  "f:5:3: extra: is not known here; beside \"settings\" a file holds \"format\", "
+                  "\"version\", \"unit\" and \"left_out\"",
+                  "f:8:7: network.unit_nam: there is no such setting; the nearest is "
+                  "network.unit_name",
+                  "f:8:32: network.dhcp: takes true or false",
+                  "f:8:63: network.ip_address: is not an address of four numbers from 0 to 255 "
+                  "with points between",
+                  "f:9:24: network.unit_location: holds a character that a unit does not know; "
+                  "U+00FF is the highest",
+                  "f:10:7: network.dhcp: stands here twice; keep one of them",
+                  "f:12:39: ports.a.attack_limit: must not be 32; the unit could not be read with "
+                  "this value, take another",
+                  "f:12:59: ports.a.port: takes a number from 0 to 65535, without quotes",
+                  "f:12:77: ports.b: takes an object in braces",
+                  "f:13:5: names: takes an object in braces"}));
+}
+
+TEST(ConfigurationFile, NamesWhatIsMissingOrNoJson) {
+    EXPECT_EQ(Lines(ReadConfiguration("{}")).size(), 2u);
+    EXPECT_EQ(Lines(ReadConfiguration("[]")).size(), 3u);
+    const auto broken = ReadConfiguration("{\n \"format\": nonsense");
+    ASSERT_EQ(broken.faults.size(), 1u);
+    EXPECT_EQ(broken.faults[0].at.line, 2);
+    EXPECT_EQ(ReadConfiguration("").faults.size(), 1u);
+    EXPECT_EQ(ReadConfiguration("\xFF\xFE").faults.size(), 1u);
+    EXPECT_FALSE(ReadConfiguration(std::string(100, '[')).faults.empty());
+}
+
+TEST(ConfigurationFile, PassesReadOnlyKeysOverAndTakesTheRest) {
+    const auto text = ReadConfiguration(
+        Head(R"({"ports": {"a": {"key_count": 3}}, "macro": {"10": "c6 03 text"}})"));
+    EXPECT_TRUE(text.faults.empty());
+    ASSERT_EQ(text.notes.size(), 1u);
+    EXPECT_EQ(text.notes[0].Line("f"),
+              "f:1:81: ports.a.key_count: can only be read; it is passed over");
+    EXPECT_EQ(text.values, (SettingValues{{FindSetting("macro.10"), std::string("C6 03")}}));
+}
+
+TEST(ConfigurationFile, RefusesWhatTogetherCouldNotBeReadBack) {
+    const std::string off = R"("req_ff": false, "resp_ff": false, "req_00": false)";
+    const auto faults = [&](const std::string& arp) {
+        return ReadConfiguration(Head("{\"arp\": {" + arp + "}}")).faults.size();
+    };
+    EXPECT_EQ(faults(off + R"(, "reset_on_traffic": false, "repeat": "1 minute")"), 1u);
+    EXPECT_EQ(faults(off + R"(, "reset_on_traffic": true, "repeat": "1 minute")"), 0u);
+    EXPECT_EQ(faults(off + R"(, "repeat": "1 minute")"), 0u) << "the unit may have it on";
+}
+
+// A value of this kind that a unit can hold.
+SettingValue Random(const Setting& setting, std::mt19937& random) {
+    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    switch (setting.kind) {
+        case SettingKind::kSwitch:
+            return below(2) == 1;
+        case SettingKind::kNumber: {
+            const long value = below(static_cast<int>(setting.most / setting.step) + 1) * setting.step;
+            return CheckValue(setting, value) ? 0L : value;
+        }
+        case SettingKind::kChoice:
+            return setting.choices[static_cast<std::size_t>(below(static_cast<int>(setting.choices.size())))];
+        case SettingKind::kQuad:
+            return std::to_string(below(256)) + ".2.3." + std::to_string(below(256));
+        case SettingKind::kHexKey:
+            return std::string(32, "0123456789ABCDEF"[below(16)]);
+        case SettingKind::kHexByte:
+            return std::string(2, "123456789ABCDEF"[below(15)]);
+        case SettingKind::kMacroLine:
+            return std::string("C6 0") + "0123"[below(4)];
+        case SettingKind::kText:
+            break;
+    }
+    std::string text;
+    for (int i = below(setting.max_length + 1); i > 0; --i) {
+        text.push_back(static_cast<char>("Az\"\\/-\xE4\xFF"[below(8)]));
+        if (CheckValue(setting, text)) text.pop_back();
+    }
+    return text;
+}
+
+TEST(ConfigurationFile, WhatIsWrittenComesBackTheSame) {
+    std::mt19937 random(1);
+    const auto schema = nlohmann::json::parse(ConfigurationSchema());
+    EXPECT_EQ(schema["properties"]["settings"]["properties"]["macro"]["properties"].size(), 112u);
+    for (int round = 0; round < 50; ++round) {
+        SettingValues values;
+        for (const Setting& setting : Settings()) {
+            if (!setting.read_only && random() % 3) values[&setting] = Random(setting, random);
+        }
+        const auto text =
+            ReadConfiguration(WriteConfiguration({"KMD", "1", "", "\xFF"}, values, {}));
+        EXPECT_EQ(Lines(text), std::vector<std::string>{});
+        EXPECT_EQ(text.values, values);
+    }
+}
+
+}  // namespace
+}  // namespace kestrane
