@@ -66,7 +66,10 @@ std::optional<int> CheckMany(CommandLine& line) {
         const std::string problem = line.chosen->Check(tool);
         if (!problem.empty()) faults.push_back(problem);
     }
-    for (const std::string& fault : faults) complain(prefix + fault);
+    for (const std::string& fault : faults) {
+        // A fault in a file begins with its place, for editors.
+        fault.starts_with("--") ? complain(prefix + fault) : WriteLine(stderr, fault);
+    }
     return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);
 }
 

@@ -8,7 +8,6 @@
 namespace kestrane {
 namespace {
 
-constexpr int kHighestPort = 65535;
 constexpr double kLongestTimeout = 3600;
 
 bool IsUrlOfServer(const std::string& url) {
@@ -19,41 +18,6 @@ bool IsUrlOfServer(const std::string& url) {
 }
 
 }  // namespace
-
-std::optional<UnitAddress> ParseUnitAddress(const std::string& text, std::string& error) {
-    std::string host = text;
-    std::string port;
-    bool has_port = false;
-    const std::size_t colon = text.rfind(':');
-    if (!text.empty() && text.front() == '[') {
-        const std::size_t end = text.find(']');
-        const bool whole =
-            end != std::string::npos && (end + 1 == text.size() || text[end + 1] == ':');
-        if (!whole) {
-            error = "\"" + text + "\" is no address; write [IPV6]:PORT";
-            return {};
-        }
-        host = text.substr(1, end - 1);
-        has_port = end + 1 < text.size();
-        if (has_port) port = text.substr(end + 2);
-    } else if (colon != std::string::npos && text.find(':') == colon) {
-        host = text.substr(0, colon);
-        port = text.substr(colon + 1);
-        has_port = true;
-    }
-    if (host.empty() || host.find_first_of(" \t\r\n[]") != std::string::npos) {
-        error = "\"" + text + "\" is no address; write HOST or HOST:PORT";
-        return {};
-    }
-    UnitAddress address{host, {}};
-    if (!has_port) return address;
-    address.port = WordAsInt({port}, 1, kHighestPort);
-    if (!address.port) {
-        error = "\"" + port + "\" is no port; a port is a number from 1 to 65535";
-        return {};
-    }
-    return address;
-}
 
 void CallOptions::AddTo(CLI::App& app) {
     app.add_option("--unit", unit_text_,

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "cli/unit_address.h"
 #include "tool/tool.h"
 
 namespace CLI {
@@ -12,15 +13,6 @@ class App;
 }
 
 namespace kestrane {
-
-struct UnitAddress {
-    std::string host;
-    std::optional<int> port;
-};
-
-// HOST, HOST:PORT, [V6]:PORT or a bare IPv6 address. Nothing, with the reason in `error`, for
-// anything else.
-std::optional<UnitAddress> ParseUnitAddress(const std::string& text, std::string& error);
 
 class CallOptions {
   public:

@@ -5,11 +5,13 @@
 #include <map>
 
 #include "cli/csv_rows.h"
+#include "text/terminal.h"
 
 namespace kestrane {
 namespace {
 
 constexpr int kDefaultPort = 1243;
+constexpr std::size_t kLongestLikeAKey = 60;
 
 class FleetListReader {
   public:
@@ -34,7 +36,7 @@ class FleetListReader {
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
     void Fault(int line, const std::string& what) {
-        list_.faults.push_back(file_ + ":" + std::to_string(line) + ": " + what);
+        list_.faults.push_back(ShownUtf8(file_ + ":" + std::to_string(line) + ": " + what));
     }
 
     void ReadHeader(const CsvRow& header) {
@@ -56,7 +58,10 @@ class FleetListReader {
         const Setting* setting = FindSetting(name);
         if (!setting) setting = SettingOfControl(name);
         if (!setting) {
-            Fault(line, name + ": not a known key; the nearest is " + NearestKey(name));
+            // Looking for the nearest of a long text takes long and finds nothing.
+            const bool like_a_key = name.size() <= kLongestLikeAKey;
+            Fault(line, name + ": not a known key" +
+                            (like_a_key ? "; the nearest is " + NearestKey(name) : ""));
         } else if (setting->read_only) {
             Fault(line, name + ": this setting can only be read; leave the column out");
             return nullptr;

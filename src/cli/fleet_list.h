@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/call_options.h"
+#include "cli/unit_address.h"
 #include "configuration/values.h"
 
 namespace kestrane {

@@ -47,13 +47,15 @@ TEST(FleetList, TellsEveryFaultWithItsLine) {
                    "nearest is network.unit_name"}},
              Case{"unit,ports.a.key_count\nh,1\n", {"f:1: ports.a.key_count: this setting can"}},
              Case{"unit\nh\nH:1243\nh:1244\n", {"f:3: unit: H:1243 stands on line 2 already"}},
+             Case{"unit,\x1B[2J\xC2\x9B\xFF\xC3\xA9\n",
+                  {"f:1: \\x1B[2J\\xC2\\x9B\\xFF\xC3\xA9: not a"}},
              Case{"unit\nh,1\n", {"f:2: has 2 cells, the header 1"}},
              Case{"unit\nh:0\na b\n", {"f:2: unit: ", "f:3: unit: "}},
              Case{"unit,network.dhcp,ports.a.port\nh,maybe,1\ni,true,65536\n",
                   {"f:2: network.dhcp: ", "f:3: ports.a.port: "}},
              Case{"unit\n\"h\ni\n", {"f:2: a quotation mark has no partner"}},
              Case{"unit\nh\n\"i\"x\nj\n", {"f:3: a quotation mark has no partner"}},
-             Case{"\"a\nb\",unit\nc,h:x\n", {"f:1: a\nb: not a known key", "f:3: unit: "}},
+             Case{"\"a\nb\",unit\nc,h:x\n", {"f:1: a\\x0Ab: not a known key", "f:3: unit: "}},
          }) {
         const FleetList list = ParseFleetList(c.text, "f");
         ASSERT_EQ(list.faults.size(), c.faults.size()) << c.text;
