@@ -58,17 +58,19 @@ std::optional<int> CheckMany(CommandLine& line) {
     if (line.fleet.given() && (line.options.demo() || line.options.has_unit())) {
         faults.push_back("--units takes the place of --unit and --demo; give one");
     }
+    for (const std::string& fault : faults) {
+        // A fault in a file begins with its place, for editors.
+        fault.starts_with("--") ? complain(prefix + fault) : WriteLine(stderr, fault);
+    }
     if (faults.empty() && line.fleet.given()) {
         FiberServices host;
         ScriptedOperator scripted;
         Tool tool(host.With(scripted, scripted, scripted), line.options.tool_options());
         tool.Start();
         const std::string problem = line.chosen->Check(tool);
-        if (!problem.empty()) faults.push_back(problem);
-    }
-    for (const std::string& fault : faults) {
-        // A fault in a file begins with its place, for editors.
-        fault.starts_with("--") ? complain(prefix + fault) : WriteLine(stderr, fault);
+        if (problem.empty()) return {};
+        complain(prefix + problem);
+        return kExitUsage;
     }
     return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);
 }
