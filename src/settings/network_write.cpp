@@ -47,9 +47,11 @@ void NetworkWrite::cmdWriteNetworkSettings_Click() {
     } else {
         operation.Stop("a typed password has not been confirmed");
     }
+    form_.cmdHelp.SetEnabled(true);
+    // A disconnect in the midst has left the rest as it is to be.
+    if (operation.Stale()) return;
     form_.SetPointer(Form::kArrow);
     tab_.cmdReadNetworkSettings.SetEnabled(true);
-    form_.cmdHelp.SetEnabled(true);
     SetTabsEnabled(form_, true);
 }
 

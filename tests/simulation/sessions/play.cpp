@@ -1,0 +1,331 @@
+#include "simulation/sessions/play.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+
+#include "simulation/sessions/stage.h"
+
+namespace kestrane::sessions {
+namespace {
+
+using std::chrono::milliseconds;
+
+// What the screen shows and lets a hand do, by control.
+using Picture = std::map<std::string, std::string>;
+
+template <class T>
+T* Nth(Form& form, unsigned number) {
+    std::vector<T*> all;
+    for (Control* control : form.controls()) {
+        if (auto* fitting = dynamic_cast<T*>(control)) all.push_back(fitting);
+    }
+    return all.empty() ? nullptr : all[number % all.size()];
+}
+
+class Player {
+  public:
+    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool) {}
+
+    void Do(const Step& step);
+    void ReadAll(milliseconds begin);
+    Picture Look() const;
+    // Everything as a fresh start would have it, step by step at its time.
+    void Recover(milliseconds begin);
+    bool recovered() const { return recovered_; }
+
+  private:
+    Form& Active() { return *tool_.screen.ActiveForm(); }
+    void DoOperator(const Step& step);
+    void DoLine(const Step& step);
+    void DoRest(const Step& step);
+    void ConnectTo(unsigned number);
+    void Press(const std::string& name);
+    void Type(unsigned box, unsigned text);
+    void Need(const Refusal& refusal) const;
+    void At(milliseconds time, std::function<void()> action);
+
+    Stage& stage_;
+    Tool& tool_;
+    bool recovered_ = false;
+};
+
+void Player::Do(const Step& step) {
+    if (step.action <= Action::kCloseForm) return DoOperator(step);
+    if (step.action <= Action::kLatency) return DoLine(step);
+    DoRest(step);
+}
+
+void Player::ConnectTo(unsigned number) {
+    tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[number % 2]);
+    tool_.hand.Click(stage_.form.cmdConnect);
+}
+
+void Player::Press(const std::string& name) {
+    const auto dot = name.find('.');
+    Form* form =
+        dot == std::string::npos ? &stage_.form : tool_.screen.FindForm(name.substr(0, dot));
+    Control* control = form->Find(dot == std::string::npos ? name : name.substr(dot + 1));
+    if (!control) throw Broken{"no such control: " + name};
+    tool_.hand.Click(*control);
+}
+
+void Player::Type(unsigned box, unsigned text) {
+    constexpr const char* kTexts[] = {"",   "0",  "1",    "A5",  "255",          "32",
+                                      "99", "x ", "1243", "0.5", "192.168.10.9", "Kestrel room 7"};
+    if (auto* target = Nth<TextBox>(Active(), box)) {
+        if (target == &stage_.form.txtCurrentPort) return;
+        tool_.hand.Type(*target, kTexts[text % std::size(kTexts)]);
+    }
+}
+
+void Player::DoOperator(const Step& step) {
+    Hand& hand = tool_.hand;
+    switch (step.action) {
+        case Action::kConnect:
+            return ConnectTo(step.a);
+        case Action::kDisconnect:
+            hand.Click(stage_.form.cmdDisconnect);
+            return;
+        case Action::kPress:
+            return Press(ButtonName(step.a));
+        case Action::kTab:
+            hand.Choose(stage_.form.SSTab1, static_cast<int>(step.a % 8));
+            return;
+        case Action::kType:
+            return Type(step.a, step.b);
+        case Action::kClickAny:
+            hand.Click(*Nth<Control>(Active(), step.a));
+            return;
+        case Action::kChoose:
+            if (auto* bar = Nth<ScrollBar>(Active(), step.a)) {
+                hand.Choose(*bar, static_cast<int>(step.b % 256));
+            }
+            return;
+        case Action::kCloseForm:
+            if (&Active() != &stage_.form) hand.Close(Active());
+            return;
+        default:
+            hand.Leave();
+    }
+}
+
+void Player::DoLine(const Step& step) {
+    ReplyLine& line = stage_.line();
+    FakeSocket& socket = stage_.world.tcpsend;
+    if (step.action <= Action::kCut) line.PassNext(static_cast<int>(step.a % 6));
+    switch (step.action) {
+        case Action::kSplit:
+            return line.SplitNext(1 + step.b % 24, milliseconds(1 + step.b % 250));
+        case Action::kDrop:
+            return line.DropNext();
+        case Action::kGarble:
+            return line.GarbleNext(step.b % 24);
+        case Action::kCut:
+            return line.CutNext(step.b % 24);
+        case Action::kClose:
+            return socket.CloseByPeer();
+        case Action::kReset:
+            return socket.ResetByPeer();
+        case Action::kNoise:
+            return socket.Deliver(std::string(1 + step.b % 40, static_cast<char>(step.a)));
+        case Action::kConnects: {
+            using Answer = FakeSocket::ConnectAnswer;
+            constexpr Answer kAnswers[] = {Answer::kAccept, Answer::kRefuse, Answer::kNone};
+            return socket.set_connect_answer(kAnswers[step.a % std::size(kAnswers)]);
+        }
+        default:
+            line.set_latency(milliseconds(1 + step.b % 400));
+    }
+}
+
+void Player::DoRest(const Step& step) {
+    switch (step.action) {
+        case Action::kRights:
+            for (std::size_t port = unit::kPrivileges; port < unit::kPrivilegesEnd; port += 2) {
+                const int rights = static_cast<int>(step.b % 256);
+                stage_.unit(step.a).Relay().Set(port, rights);
+                stage_.unit(step.a).Display().Set(port, rights);
+            }
+            return;
+        case Action::kForget:
+            return stage_.Forget(step.a);
+        case Action::kSeveral:
+            return stage_.world.loop.set_several([most = step.a % 4, draw = step.b]() mutable {
+                draw = draw * 1'103'515'245U + 12'345U;
+                return static_cast<int>((draw >> 16) % (most + 1));
+            });
+        default:
+            return stage_.world.boxes.set_while_open(
+                [this, time = step.b % 1500] { stage_.world.RunFor(milliseconds(time)); });
+    }
+}
+
+// All is well: what an operator needs can be used.
+void Player::Need(const Refusal& refusal) const {
+    if (refusal) throw Broken{"stuck: " + *refusal};
+}
+
+void Player::At(milliseconds time, std::function<void()> action) {
+    stage_.world.time.At(time, std::move(action));
+}
+
+// One read after the other, each begun by a press of its own: what an earlier connection has left
+// waiting ends with the first answer, below the press that got it.
+void Player::ReadAll(milliseconds begin) {
+    MainForm& form = stage_.form;
+    const std::pair<int, Button*> reads[] = {
+        {0, &form.network.cmdReadNetworkSettings}, {1, &form.privileges.cmdReadTCPPortPriv},
+        {2, &form.security.cmdReadWBISettings},    {3, &form.names.cmdReadChannelNames},
+        {4, &form.triggers.cmdReadMacroTriggers},  {5, &form.one_wire.cmdRead1WNames}};
+    for (const auto& [tab, button] : reads) {
+        At(begin, [this, tab = tab, button = button] {
+            if (tab > 0) Need(tool_.hand.Choose(stage_.form.SSTab1, tab));
+            Need(tool_.hand.Click(*button));
+        });
+        begin += milliseconds(1500);
+    }
+    At(begin, [this] {
+        Need(tool_.hand.Choose(stage_.form.SSTab1, 0));
+        recovered_ = true;
+    });
+}
+
+void Player::Recover(milliseconds begin) {
+    At(begin, [this] { stage_.MakeWell(); });
+    // A transfer asks, or begins its pause, before its form closes.
+    for (const int later : {10, 800, 1600}) {
+        At(begin + milliseconds(later), [this] {
+            if (&Active() != &stage_.form) tool_.hand.Close(Active());
+        });
+    }
+    At(begin + milliseconds(2500), [this] { Need(tool_.hand.Click(stage_.form.cmdDisconnect)); });
+    // The second of a socket error passes meanwhile.
+    At(begin + milliseconds(4000), [this] {
+        Need(tool_.hand.Type(stage_.form.txtTimeout, "3"));
+        Need(tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[0]));
+        Need(tool_.hand.Type(stage_.form.txtCurrentPort, "1243"));
+        Need(tool_.hand.Click(stage_.form.cmdConnect));
+    });
+    ReadAll(begin + milliseconds(4300));
+}
+
+std::string Shown(const Control& control) {
+    if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->Text();
+    if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
+        return check->Checked() ? "[x]" : "[ ]";
+    }
+    if (const auto* label = dynamic_cast<const Label*>(&control)) return label->Caption();
+    return {};
+}
+
+// What is drawn at random, what goes on by itself, and what the operator may have set for good
+// does not count.
+bool Counts(const Control& control) {
+    for (const char* base : {"txtSalt", "txtSHA", "txtTimeout", "txtSleepDelay", "Label1", "Label2",
+                             "Label3", "Label4", "lblMemoryBlock", "lblPasswordWarn"}) {
+        if (control.base_name() == base) return false;
+    }
+    for (const Container* at = &control.container(); at; at = at->parent()) {
+        if (at->container_name() == "fraChangeoverOptions") return false;
+    }
+    return control.kind() != Kind::kTimer;
+}
+
+Picture Player::Look() const {
+    Picture picture;
+    for (const Control* control : stage_.form.controls()) {
+        if (!Counts(*control)) continue;
+        picture[control->name()] =
+            Shown(*control) + (control->Enabled() ? " enabled" : " disabled");
+    }
+    return picture;
+}
+
+// What a fresh tool shows of a fresh unit.
+const Picture& FreshPicture() {
+    static const Picture picture = [] {
+        Stage stage;
+        Player player(stage);
+        player.Recover(milliseconds(100));
+        stage.world.RunFor(milliseconds(20'000));
+        if (!player.recovered()) throw Broken{"the reference: a fresh read does not end"};
+        return player.Look();
+    }();
+    return picture;
+}
+
+void Compare(const Picture& seen) {
+    for (const auto& [name, wanted] : FreshPicture()) {
+        const std::string& shown = seen.at(name);
+        if (shown != wanted) {
+            throw Broken{"screen after a clean read: " + name + " is \"" + shown + "\", not \"" +
+                         wanted + "\""};
+        }
+    }
+}
+
+void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
+    Player player(stage);
+    milliseconds time{100};
+    for (const Step& step : story.steps) {
+        time += milliseconds(step.after);
+        stage.world.time.At(time, [&stage, &player, &steps, step] {
+            ++steps;
+            stage.CheckMoment();
+            player.Do(step);
+        });
+    }
+    player.Recover(time + milliseconds(200));
+    stage.world.RunFor(time + milliseconds(25'000));
+    if (!player.recovered()) throw Broken{"a read does not end"};
+    if (stage.world.max_pump_depth() > 150) throw Broken{"waits pile up"};
+    Compare(player.Look());
+}
+
+}  // namespace
+
+Outcome Play(const Story& story) {
+    Outcome outcome;
+    try {
+        FreshPicture();
+        Stage stage;
+        PlayOn(stage, story, outcome.steps);
+    } catch (const Broken& broken) {
+        outcome.fault = broken.fault;
+    } catch (const ProgramEnded&) {
+        outcome.fault = "the program ended";
+    } catch (const std::exception& error) {
+        outcome.fault = std::string("a wait does not end: ") + error.what();
+    }
+    return outcome;
+}
+
+Story Shrink(const Story& story, const Outcome& outcome) {
+    const auto rule = [](const std::string& fault) { return fault.substr(0, fault.find(':')); };
+    Story shortest = story;
+    for (std::size_t chunk = std::max<std::size_t>(story.steps.size() / 2, 1); chunk > 0;) {
+        bool shorter = false;
+        for (std::size_t at = 0; at < shortest.steps.size();) {
+            Story tried = shortest;
+            const auto from = tried.steps.begin() + static_cast<std::ptrdiff_t>(at);
+            const std::size_t end = std::min(at + chunk, tried.steps.size());
+            // What follows keeps its time.
+            if (end < tried.steps.size()) {
+                for (std::size_t i = at; i < end; ++i)
+                    tried.steps[end].after += tried.steps[i].after;
+            }
+            tried.steps.erase(from, from + static_cast<std::ptrdiff_t>(end - at));
+            if (rule(Play(tried).fault) == rule(outcome.fault)) {
+                shortest = std::move(tried);
+                shorter = true;
+            } else {
+                at += chunk;
+            }
+        }
+        if (!shorter) chunk /= 2;
+    }
+    return shortest;
+}
+
+}  // namespace kestrane::sessions

@@ -1,0 +1,151 @@
+#include "simulation/sessions/stage.h"
+
+#include "unit/board_memory.h"
+
+namespace kestrane::sessions {
+namespace {
+
+unit::UnitOptions OptionsOf(unsigned number) {
+    unit::UnitOptions options;
+    options.number = static_cast<int>(number) + 1;
+    return options;
+}
+
+bool IsDisplay(int board) { return board == 251 || (board >= 128 && board < 250); }
+
+// The text of a frame without marks and doubling, its checksum last; empty if it is not well
+// formed. Written apart from the tool's own, so that they can disagree.
+std::string TextOfFrame(std::string_view frame) {
+    if (frame.size() < 7 || frame.substr(0, 2) != "\x10\x02") return {};
+    if (frame.substr(frame.size() - 2) != "\x10\x03") return {};
+    std::string text;
+    for (std::size_t i = 2; i + 2 < frame.size(); ++i) {
+        if (frame[i] == '\x10' && frame[++i] != '\x10') return {};
+        text.push_back(frame[i]);
+    }
+    unsigned sum = 0;
+    for (std::size_t i = 0; i + 1 < text.size(); ++i) sum += static_cast<unsigned char>(text[i]);
+    return (sum & 0xFF) == static_cast<unsigned char>(text.back()) ? text : std::string();
+}
+
+}  // namespace
+
+Stage::Stage() {
+    MakeWell();
+    world.tcpsend.Attach(this);
+    world.loop.set_event_limit(200'000);
+    tool.link.journal().AddObserver(*this);
+}
+
+Stage::~Stage() {
+    tool.link.journal().RemoveObserver(*this);
+    world.tcpsend.Attach(nullptr);
+}
+
+void Stage::Forget(unsigned number) {
+    units_[number % 2] = std::make_unique<unit::Unit>(OptionsOf(number % 2));
+    ++forgets_;
+}
+
+void Stage::MakeWell() {
+    line_.emplace(world.tcpsend);
+    for (const unsigned number : {0, 1}) Forget(number);
+    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kAccept);
+    world.tcpsend.set_connect_delay(std::chrono::milliseconds{1});
+    world.loop.set_several(nullptr);
+    world.boxes.set_while_open(nullptr);
+}
+
+void Stage::OnConnect() {
+    connected_to_ = world.tcpsend.host() == kHosts[1] ? 1 : 0;
+    control_port_ = world.tcpsend.port() == 1244 ? 2 : world.tcpsend.port() == 1245 ? 3 : 1;
+    units_[connected_to_]->ForgetPartialFrame(control_port_);
+}
+
+void Stage::OnBytes(std::string_view bytes) {
+    const std::string text = TextOfFrame(bytes);
+    if (text.empty()) throw Broken{"malformed frame: " + HexText(bytes)};
+    CheckOwner(static_cast<unsigned char>(text[0]), static_cast<unsigned char>(text[1]));
+    unit::Unit& unit = *units_[connected_to_];
+    line_->Send(unit.Receive(control_port_, bytes, world.Now()));
+    if (unit.TakeEthernetReset()) world.tcpsend.CloseByPeer(line_->latency());
+}
+
+// Each frame belongs to an exchange that is under way on the connection that it goes out on.
+void Stage::CheckOwner(int board, int command) const {
+    for (const auto& [number, exchange] : under_way_) {
+        if (exchange.board == board && exchange.command == command &&
+            exchange.connection == tool.link.connection()) {
+            return;
+        }
+    }
+    throw Broken{"frame of another connection: command " + std::to_string(command)};
+}
+
+void Stage::ExchangeBegan(const Exchange& exchange) {
+    under_way_[exchange.number] = exchange;
+    forgets_before_[exchange.number] = forgets_;
+    CheckTable(exchange);
+    CheckAddress(exchange);
+}
+
+void Stage::ExchangeEnded(const Exchange& exchange) {
+    if (exchange.Accepted() && exchange.IsRead()) {
+        read_.emplace(exchange.connection, exchange.address);
+    }
+    CheckMemory(exchange);
+    under_way_.erase(exchange.number);
+    forgets_before_.erase(exchange.number);
+}
+
+// Names, triggers and sensor names are written only where they have been read.
+void Stage::CheckTable(const Exchange& exchange) const {
+    if (exchange.command != kWriteMemory || !IsDisplay(exchange.board)) return;
+    const auto address = static_cast<std::size_t>(exchange.address);
+    const bool names =
+        address >= unit::display::kChannelNames && address < unit::display::kSysContact;
+    const bool triggers =
+        address >= unit::display::kTriggers && address < unit::display::kTriggersEnd;
+    if ((names || triggers) && !read_.contains({exchange.connection, exchange.address})) {
+        throw Broken{"table written unread: address " + std::to_string(exchange.address)};
+    }
+}
+
+// An operation speaks to one unit from its begin to its end. A settings read learns the address.
+void Stage::CheckAddress(const Exchange& exchange) {
+    const OperationRecord* operation = tool.link.journal().FindOperation(exchange.operation);
+    if (!operation || operation->name == "Read Network Settings") return;
+    int relay = exchange.board;
+    if (relay == 251) relay = 250;
+    if (relay >= 128 && relay < 250) relay -= 128;
+    const auto [first, fresh] = unit_of_operation_.emplace(operation->number, relay);
+    // The macro editor reads names and triggers from the address of any unit.
+    if (first->second != relay && exchange.board != 251) {
+        throw Broken{"address changed in the midst: " + operation->name};
+    }
+}
+
+// A disconnect has left every other tab disabled, whatever was going on.
+void Stage::CheckMoment() const {
+    if (tool.link.connection() != 0) return;
+    const auto& tabs = form.SSTab1.Tabs();
+    for (std::size_t tab = 1; tab < tabs.size(); ++tab) {
+        if (tabs[tab].enabled) throw Broken{"tab without a connection: " + tabs[tab].caption};
+    }
+    if (session.AdminLoggedIn) throw Broken{"logged in without a connection"};
+}
+
+// What the journal says of a write is what the unit holds.
+void Stage::CheckMemory(const Exchange& exchange) {
+    if (exchange.command != kWriteMemory || !exchange.Accepted()) return;
+    if (forgets_before_[exchange.number] != forgets_) return;
+    unit::Unit& unit = *units_[connected_to_];
+    const auto& memory = IsDisplay(exchange.board) ? unit.Display() : unit.Relay();
+    const std::string held =
+        memory.Read(static_cast<std::size_t>(exchange.address), exchange.data.size());
+    if (held != exchange.data) {
+        throw Broken{"accepted write is not there: address " + std::to_string(exchange.address)};
+    }
+}
+
+}  // namespace kestrane::sessions

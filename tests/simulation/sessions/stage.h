@@ -1,0 +1,62 @@
+#pragma once
+
+// The stage of a story: the tool, two units, and the line between, each frame of which is looked
+// at. Rules that hold at every moment are watched here.
+
+#include <array>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "support/tool_on_line.h"
+#include "unit/unit.h"
+
+namespace kestrane::sessions {
+
+// A rule is broken.
+struct Broken {
+    std::string fault;
+};
+
+class Stage : public ToolOnLine, private Peer, private JournalObserver {
+  public:
+    static constexpr const char* kHosts[] = {"192.168.10.100", "192.168.10.101"};
+
+    Stage();
+    ~Stage() override;
+
+    ReplyLine& line() { return *line_; }
+    unit::Unit& unit(unsigned number) { return *units_[number % 2]; }
+    // The unit is as it came from the factory.
+    void Forget(unsigned number);
+    // What holds between events, whatever has happened.
+    void CheckMoment() const;
+    // No fault any more, and all units as they came.
+    void MakeWell();
+
+  private:
+    void OnConnect() override;
+    void OnBytes(std::string_view bytes) override;
+    void ExchangeBegan(const Exchange& exchange) override;
+    void ExchangeEnded(const Exchange& exchange) override;
+    void CheckOwner(int board, int command) const;
+    void CheckTable(const Exchange& exchange) const;
+    void CheckAddress(const Exchange& exchange);
+    void CheckMemory(const Exchange& exchange);
+
+    std::array<std::unique_ptr<unit::Unit>, 2> units_;
+    std::optional<ReplyLine> line_;
+    unsigned connected_to_ = 0;
+    int control_port_ = 1;
+    int forgets_ = 0;
+    std::map<std::uint64_t, Exchange> under_way_;
+    std::map<std::uint64_t, int> forgets_before_;
+    std::map<std::uint64_t, int> unit_of_operation_;  // the relay address of its first exchange
+    // Blocks of the tables that this connection has read, by connection and address.
+    std::set<std::pair<int, int>> read_;
+};
+
+}  // namespace kestrane::sessions
