@@ -3,7 +3,29 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "cli/tabs.h"
+#include "common/command_table.h"
+#include "configuration/settings.h"
+
 namespace kestrane {
+namespace {
+
+// What the shells offer for the arguments of a call.
+std::vector<std::string> WordsOf(const std::string& argument) {
+    std::vector<std::string> words;
+    if (argument == "TAB") {
+        for (const TabRow& row : TabRows()) words.push_back(row.name);
+    }
+    const bool assigns = argument == "NAME=VALUE" || argument == "KEY=VALUE";
+    if (assigns || argument == "PREFIX") {
+        for (const Setting& setting : Settings()) {
+            if (!setting.IsMacro()) words.push_back(setting.key + (assigns ? "=" : ""));
+        }
+    }
+    return words;
+}
+
+}  // namespace
 
 void WriteLine(FILE* stream, const std::string& line) {
     std::fwrite(line.data(), 1, line.size(), stream);
@@ -32,6 +54,8 @@ std::unique_ptr<unit::UnitServer> StartDemo(CallOptions& options, const Complain
 
 std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOptions& options,
                                     const Complaints& complain) {
+    std::string form;
+    AddDescribeOption(app, form);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -43,6 +67,10 @@ std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOp
     } catch (const CLI::ParseError& error) {
         complain(std::string(error.what()) + "; see " + app.get_name() + " --help");
         return kExitUsage;
+    }
+    if (!form.empty()) {
+        std::fputs(Describe(TableOf(app, WordsOf), KESTRANE_VERSION, form).c_str(), stdout);
+        return kExitDone;
     }
     const std::string problem = options.Check();
     if (problem.empty()) return {};

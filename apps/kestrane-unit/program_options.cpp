@@ -5,6 +5,8 @@
 #include <charconv>
 #include <sstream>
 
+#include "common/command_table.h"
+
 namespace kestrane::unit {
 namespace {
 
@@ -179,6 +181,8 @@ ProgramOptions ParseProgramOptions(int argc, char** argv) {
     CLI::App app("A demo unit of the Kestrane MDU: its memory, its macro and its control ports.",
                  "kestrane-unit");
     AddOptions(app, options, texts);
+    std::string form;
+    AddDescribeOption(app, form);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -188,6 +192,7 @@ ProgramOptions ParseProgramOptions(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return Finished(2, error.what());
     }
+    if (!form.empty()) return Finished(0, Describe(TableOf(app), KESTRANE_VERSION, form));
     const std::string problem = Judge(app, texts, options);
     if (!problem.empty()) return Finished(2, problem);
     return options;
