@@ -42,12 +42,14 @@ class Player {
     void ConnectTo(unsigned number);
     void Press(const std::string& name);
     void Type(unsigned box, unsigned text);
+    void OpenEditor(milliseconds begin);
     void Need(const Refusal& refusal) const;
     void At(milliseconds time, std::function<void()> action);
 
     Stage& stage_;
     Tool& tool_;
     bool recovered_ = false;
+    int polls_before_ = 0;
 };
 
 void Player::Do(const Step& step) {
@@ -185,9 +187,23 @@ void Player::ReadAll(milliseconds begin) {
         });
         begin += milliseconds(1500);
     }
-    At(begin, [this] {
+    OpenEditor(begin);
+    At(begin + milliseconds(2000), [this] {
         Need(tool_.hand.Choose(stage_.form.SSTab1, 0));
         recovered_ = true;
+    });
+}
+
+// The macro editor polls the unit as long as it is open.
+void Player::OpenEditor(milliseconds begin) {
+    At(begin, [this] {
+        Need(tool_.hand.Choose(stage_.form.SSTab1, 4));
+        Need(tool_.hand.Click(stage_.form.triggers.cmdEditMacro));
+    });
+    At(begin + milliseconds(700), [this] { polls_before_ = stage_.status_polls(); });
+    At(begin + milliseconds(1700), [this] {
+        if (stage_.status_polls() < polls_before_ + 2) throw Broken{"stuck: the editor's polls"};
+        Need(tool_.hand.Close(*tool_.screen.FindForm("frmScriptEdit")));
     });
 }
 

@@ -35,9 +35,11 @@ Stage::Stage() {
     world.tcpsend.Attach(this);
     world.loop.set_event_limit(200'000);
     tool.link.journal().AddObserver(*this);
+    tool.screen.AddListener(*this);
 }
 
 Stage::~Stage() {
+    tool.screen.RemoveListener(*this);
     tool.link.journal().RemoveObserver(*this);
     world.tcpsend.Attach(nullptr);
 }
@@ -66,6 +68,7 @@ void Stage::OnBytes(std::string_view bytes) {
     const std::string text = TextOfFrame(bytes);
     if (text.empty()) throw Broken{"malformed frame: " + HexText(bytes)};
     CheckOwner(static_cast<unsigned char>(text[0]), static_cast<unsigned char>(text[1]));
+    if (text[1] == kReadLiveStatus) ++status_polls_;
     unit::Unit& unit = *units_[connected_to_];
     line_->Send(unit.Receive(control_port_, bytes, world.Now()));
     if (unit.TakeEthernetReset()) world.tcpsend.CloseByPeer(line_->latency());
@@ -83,6 +86,7 @@ void Stage::CheckOwner(int board, int command) const {
 }
 
 void Stage::ExchangeBegan(const Exchange& exchange) {
+    newest_ = exchange.number;
     under_way_[exchange.number] = exchange;
     forgets_before_[exchange.number] = forgets_;
     CheckTable(exchange);
@@ -94,8 +98,31 @@ void Stage::ExchangeEnded(const Exchange& exchange) {
         read_.emplace(exchange.connection, exchange.address);
     }
     CheckMemory(exchange);
+    CheckFirst(exchange);
     under_way_.erase(exchange.number);
     forgets_before_.erase(exchange.number);
+}
+
+void Stage::ControlChanged(Control& control, Property property) {
+    if (&control != &form.Label3 || property != Property::kCaption) return;
+    const std::string& caption = form.Label3.Caption();
+    if (caption == "*") {
+        first_change_.clear();
+    } else if (first_change_.empty()) {
+        first_change_ = caption;
+    }
+}
+
+// Of bytes and timeout the first decides, whatever else the same pump brings.
+void Stage::CheckFirst(const Exchange& exchange) const {
+    if (exchange.number != newest_ || first_change_.empty()) return;
+    const bool timeout_first = first_change_ == "T";
+    if (exchange.end == Exchange::End::kNoAnswer && !timeout_first) {
+        throw Broken{"a reply that came first is lost: " + first_change_};
+    }
+    if (exchange.Accepted() && timeout_first) {
+        throw Broken{"a timeout that came first is undone"};
+    }
 }
 
 // Names, triggers and sensor names are written only where they have been read.

@@ -21,7 +21,7 @@ struct Broken {
     std::string fault;
 };
 
-class Stage : public ToolOnLine, private Peer, private JournalObserver {
+class Stage : public ToolOnLine, private Peer, private JournalObserver, private ScreenListener {
   public:
     static constexpr const char* kHosts[] = {"192.168.10.100", "192.168.10.101"};
 
@@ -34,6 +34,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver {
     void Forget(unsigned number);
     // What holds between events, whatever has happened.
     void CheckMoment() const;
+    // The live status commands that the units have got.
+    int status_polls() const { return status_polls_; }
     // No fault any more, and all units as they came.
     void MakeWell();
 
@@ -42,6 +44,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver {
     void OnBytes(std::string_view bytes) override;
     void ExchangeBegan(const Exchange& exchange) override;
     void ExchangeEnded(const Exchange& exchange) override;
+    void ControlChanged(Control& control, Property property) override;
+    void CheckFirst(const Exchange& exchange) const;
     void CheckOwner(int board, int command) const;
     void CheckTable(const Exchange& exchange) const;
     void CheckAddress(const Exchange& exchange);
@@ -52,6 +56,9 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver {
     unsigned connected_to_ = 0;
     int control_port_ = 1;
     int forgets_ = 0;
+    int status_polls_ = 0;
+    std::string first_change_;  // of Label3 since the last frame
+    std::uint64_t newest_ = 0;  // exchange
     std::map<std::uint64_t, Exchange> under_way_;
     std::map<std::uint64_t, int> forgets_before_;
     std::map<std::uint64_t, int> unit_of_operation_;  // the relay address of its first exchange
