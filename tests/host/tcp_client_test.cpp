@@ -123,6 +123,22 @@ TEST_F(TcpClientTest, Close_EndsAConnectUnderWayAndDropsWhatCameBefore) {
     EXPECT_EQ(other.received(0), "");
 }
 
+TEST_F(TcpClientTest, WhatWasHandedOver_LeavesBeforeAClose) {
+    for (const bool with_unread : {false, true}) {
+        const std::size_t number = Connect();
+        if (with_unread) {
+            server_.socket(number).write("nobody reads this");
+            EXPECT_TRUE(Until([&] { return client_.BytesWaiting() > 0; }));
+            server_.socket(number).write("nor this");
+            server_.socket(number).flush();
+        }
+        const std::string last(40, 'z');
+        client_.Send(last);
+        client_.Close();
+        EXPECT_TRUE(Until([&] { return server_.received(number) == last; })) << with_unread;
+    }
+}
+
 TEST_F(TcpClientTest, AMegabyteArrivesWhole) {
     const std::size_t number = Connect();
     std::string sent(1'000'000, '\0');
