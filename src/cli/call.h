@@ -67,9 +67,8 @@ class Call {
     virtual bool PrintsJson() const { return false; }
     // It writes: a unit that failed is reason enough to begin no other.
     virtual bool Writes() const { return false; }
-    // The operator wants it to end. True if it is writing and ends by itself as soon as what it
-    // writes is whole and read back; else it may be cut off.
-    virtual bool Interrupt() { return false; }
+    // What Check has found wrong in the files that the call names: lines as they stand.
+    virtual std::vector<std::string> FileFaults() const { return {}; }
 };
 
 std::vector<std::unique_ptr<Call>> AllCalls();

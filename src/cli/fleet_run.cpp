@@ -1,5 +1,6 @@
 #include "cli/fleet_run.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -22,6 +23,25 @@ const char* ResultOf(int status) {
     }
 }
 
+bool HasWritten(Tool& tool) {
+    const auto& exchanges = tool.link.journal().exchanges();
+    return std::any_of(exchanges.begin(), exchanges.end(), [](const Exchange& exchange) {
+        return exchange.IsWrite() && exchange.times_sent > 0;
+    });
+}
+
+// Shows the tool of a unit to others for as long as it stands.
+class InUse {
+  public:
+    InUse(Tool*& shown, Tool& tool) : shown_(shown) { shown_ = &tool; }
+    ~InUse() { shown_ = nullptr; }
+    InUse(const InUse&) = delete;
+    InUse& operator=(const InUse&) = delete;
+
+  private:
+    Tool*& shown_;
+};
+
 std::string Joined(const std::vector<std::string>& texts) {
     std::string joined;
     for (const std::string& text : texts) joined += (joined.empty() ? "" : "; ") + text;
@@ -38,6 +58,8 @@ struct FleetRun::UnitRun {
     std::vector<std::string> lines;
     std::vector<std::string> complaints;
     Json result;                 // null until the call gives one
+    Tool* tool = nullptr;        // while the call works
+    bool interrupted = false;    // in the midst of writing
     std::unique_ptr<Lane> lane;  // goes first: what stands on its stack uses the rest
 };
 
@@ -57,8 +79,8 @@ void FleetRun::Start(std::function<void()> on_over) {
 void FleetRun::Begin(std::size_t unit) {
     const FleetUnit& of = job_.units[unit];
     auto& run = running_[unit];
-    run.reset(
-        new UnitRun{of, job_.call->ForUnit(of), job_.options, {}, {}, {}, {}, job_.new_lane()});
+    run.reset(new UnitRun{
+        of, job_.call->ForUnit(of), job_.options, {}, {}, {}, {}, nullptr, false, job_.new_lane()});
     run->options.UseUnit(of.address);
     run->lane->Start([this, at = run.get()] { return Work(*at); },
                      [this, unit](int status) { Ended(unit, status); });
@@ -68,6 +90,7 @@ void FleetRun::Begin(std::size_t unit) {
 int FleetRun::Work(UnitRun& run) try {
     const auto tool = std::make_unique<Tool>(
         run.lane->With(run.scripted, run.scripted, run.scripted), run.options.tool_options());
+    const InUse in_use(run.tool, *tool);
     tool->Start();
     run.options.Apply(*tool);
     CallContext context{*tool,
@@ -98,6 +121,9 @@ void FleetRun::Ended(std::size_t unit, int status) {
     Json result = run->result;
     if (!result.is_object()) result = PlainResult(name, ResultOf(status), Joined(run->complaints));
     result["unit"] = name;
+    if (run->interrupted && result["error"].is_string()) {
+        result["error"] = "interrupted: " + result["error"].get<std::string>();
+    }
     for (const std::string& text : run->complaints) job_.complain(name + ": " + text);
     Publish(unit, result, std::move(run->lines));
     fleet_.Ended(status);
@@ -131,7 +157,12 @@ void FleetRun::PrintBlocks() {
 void FleetRun::Interrupt() {
     fleet_.Stop();
     for (const auto& [unit, run] : running_) {
-        if (!run->call->Interrupt()) run->lane->Cut(kCutOff);
+        run->interrupted = run->tool && HasWritten(*run->tool);
+        if (run->interrupted) {
+            run->tool->link.HoldWrites();
+        } else {
+            run->lane->Cut(kCutOff);
+        }
     }
     if (fleet_.Over()) Finish();
 }

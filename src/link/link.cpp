@@ -82,7 +82,11 @@ void Link::EndConnection() {
     if (when_idle_) std::exchange(when_idle_, nullptr)();
 }
 
-bool Link::MaySend() const { return !(current_ && current_->Stale()) && waits_ < kDeepestWait; }
+bool Link::MaySend(std::uint64_t exchange) const {
+    const Exchange* const begun = journal_.FindExchange(exchange);
+    if (writes_held_ && begun && begun->IsWrite()) return false;
+    return !(current_ && current_->Stale()) && waits_ < kDeepestWait;
+}
 
 bool Link::Command(std::string command) {
     SendCommand(command);
@@ -140,7 +144,7 @@ void Link::SendCommand(std::string& strCommand) {
     const bool connected = Connected();
     AddEscapesAndChecksum(strCommand);
     Exchange::End end = Exchange::End::kNotSent;
-    if (MaySend()) {
+    if (MaySend(exchange)) {
         end = Transmit(strCommand, exchange);
         form_.timTimeout.SetEnabled(false);
     }
@@ -302,7 +306,7 @@ bool Link::Poll(std::string& text, bool& waiting) { return SendAndWait(text, &wa
 bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
     const std::uint64_t exchange = BeginExchange(text);
     AddEscapesAndChecksum(text);
-    const bool may_send = MaySend();
+    const bool may_send = MaySend(exchange);
     if (may_send) {
         session_.FrameBuffer = FrameOf(text);
         SendRaw(session_.FrameBuffer);

@@ -101,6 +101,11 @@ class Link {
     // in vain. For callers that have nobody to connect anew.
     void ReleaseWaits() { released_ = connections_; }
 
+    // From now on nothing is sent that writes: the operation under way stops after the block that
+    // it is at, as if the line had gone there, and reads go on.
+    void HoldWrites() { writes_held_ = true; }
+    bool WritesHeld() const { return writes_held_; }
+
     // A new connection begins, or the present one ends; operations of the old one become stale.
     void NewConnection();
     void EndConnection();
@@ -129,7 +134,7 @@ class Link {
     enum class Verdict { kDone, kRepeat, kRefused, kCorrupted };
     enum class Seen { kNothing, kBytes, kTimeout };
 
-    bool MaySend() const;
+    bool MaySend(std::uint64_t exchange) const;
     std::uint64_t BeginExchange(std::string_view command);
     void EndExchange(std::uint64_t exchange, Exchange::End end);
     Exchange::End Transmit(const std::string& escaped, std::uint64_t exchange);
@@ -154,6 +159,7 @@ class Link {
     Seen seen_ = Seen::kNothing;  // since the last frame went out
     std::string first_reply_;
     std::set<int> refused_polls_;  // command codes
+    bool writes_held_ = false;
     int connection_ = 0;
     int connections_ = 0;
     int released_ = 0;  // waits of connections up to this one end at once

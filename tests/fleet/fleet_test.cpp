@@ -79,7 +79,6 @@ class ScriptedCall : public Call {
     }
     bool TakesManyUnits() const override { return true; }
     bool PrintsJson() const override { return json; }
-    bool Interrupt() override { return interrupted_ = port_ == kWrites; }
 
     int Run(CallContext& context) override {
         const Platform& platform = context.tool.link.platform();
@@ -88,7 +87,14 @@ class ScriptedCall : public Call {
         timer->Start(std::chrono::milliseconds(port_ == kSlow ? 60 : 5));
         if (port_ == kEnds) platform.loop.Exit(1);
         if (port_ == kThrows) throw std::runtime_error("thrown");
-        while (port_ == kNever || (port_ == kWrites && !interrupted_)) platform.loop.Pump();
+        Link& link = context.tool.link;
+        if (port_ == kWrites) {
+            Exchange write;
+            write.command = kWriteMemory;
+            write.times_sent = 1;
+            link.journal().BeginExchange(write);
+        }
+        while (port_ == kNever || (port_ == kWrites && !link.WritesHeld())) platform.loop.Pump();
         while (!over) platform.loop.Pump();
         context.print("port " + std::to_string(port_));
         if (port_ == kReports) context.report(PlainResult("", "changed", ""));
@@ -100,7 +106,6 @@ class ScriptedCall : public Call {
 
   private:
     int port_ = 0;
-    bool interrupted_ = false;
 };
 
 class FleetRunTest : public testing::Test {
