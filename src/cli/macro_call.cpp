@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/call_driver.h"
 #include "cli/macro_offline.h"
+#include "cli/macro_transfer.h"
 #include "macro/whole_file.h"
 #include "text/text.h"
 
@@ -59,7 +59,10 @@ class MacroCall : public Call {
         if (kind_ == Kind::kSimulate) {
             if (std::string fault = SimulationOptionsFault(options_); !fault.empty()) return fault;
         }
-        if (kind_ == Kind::kDownload) return {};
+        if (kind_ == Kind::kDownload) {
+            const auto why = WhyNotWritable(options_.file);
+            return why ? "cannot save " + options_.file + ": " + *why : std::string();
+        }
         FileContent file = ReadWholeFile(options_.file);
         if (file.error) return "cannot read " + options_.file + ": " + *file.error;
         content_ = std::move(file.content);
@@ -79,11 +82,12 @@ class MacroCall : public Call {
             case Kind::kSimulate:
                 return SimulateMacro(context, options_, content_);
             case Kind::kDownload:
-                return Download(context);
+                return DownloadMacro(context, options_);
             case Kind::kUpload:
                 break;
         }
-        return Upload(context);
+        const auto text = UsableProgram(context, options_.file, content_);
+        return text ? UploadMacro(context, options_, *text) : static_cast<int>(kExitUsage);
     }
 
   private:
@@ -137,69 +141,9 @@ class MacroCall : public Call {
         svg->excludes(json)->excludes(csv);
     }
 
-    static bool Connect(CallDriver& driver) {
-        return driver.Connect() && driver.Read(*FindTab("network"));
-    }
-
-    int Download(CallContext& context) {
-        CallDriver driver(context);
-        std::optional<MacroFiles::Fault> fault;
-        const bool good = Connect(driver) && driver.InMacroEditor([&] {
-            fault = context.tool.macro_editor.files().Save(options_.file);
-        });
-        if (fault) context.complain(fault->text);
-        if (!good) context.complain(driver.Failure());
-        if (fault || !good) return kExitUnit;
-        context.print("saved the unit's program in " + options_.file);
-        return kExitDone;
-    }
-
-    int Upload(CallContext& context) {
-        const auto text = UsableProgram(context, options_.file, content_);
-        if (!text) return kExitUsage;
-        program_ = text->program.image;
-        CallDriver driver(context);
-        MacroMemory& image = context.tool.macro_editor.state().image;
-        ScriptEditForm& editor = context.tool.script_edit_form;
-        // An upload clears the operand of the last instruction.
-        program_->Set(MacroMemory::kProgramEnd - 1, 0);
-        Refusal refusal;
-        std::vector<std::string> differing;
-        const bool good = Connect(driver) && driver.InMacroEditor([&] {
-            image = *program_;
-            refusal = context.tool.hand.Click(editor.cmdUpload);
-            if (refusal || !driver.WentWell()) return;
-            refusal = context.tool.hand.Click(editor.cmdDownload);
-            if (!refusal && driver.WentWell()) differing = Differing(image);
-        });
-        if (!good) context.complain(driver.Failure());
-        if (refusal) context.complain(*refusal);
-        if (!good || refusal) return kExitUnit;
-        if (differing.empty()) {
-            context.print("the unit holds the program of " + options_.file);
-            return kExitDone;
-        }
-        context.complain("the unit's program differs from " + options_.file + " at address " +
-                         differing.front() + " and " + std::to_string(differing.size() - 1) +
-                         " others; upload it again");
-        return kExitUnit;
-    }
-
-    // Addresses whose two bytes in the unit are others than in the file.
-    std::vector<std::string> Differing(const MacroMemory& unit) const {
-        std::vector<std::string> addresses;
-        for (std::size_t i = MacroMemory::kProgramBegin; i < MacroMemory::kProgramEnd; i += 2) {
-            if (unit.Get(i) == program_->Get(i) && unit.Get(i + 1) == program_->Get(i + 1))
-                continue;
-            addresses.push_back(HexByte(static_cast<std::uint8_t>(i / 2)));
-        }
-        return addresses;
-    }
-
     Kind kind_ = Kind::kList;
     MacroOptions options_;
     std::string content_;
-    std::optional<MacroMemory> program_;
 };
 
 }  // namespace

@@ -19,7 +19,7 @@ using simulation::Timeline;
 constexpr double kLeft = 84;
 constexpr double kWidth = 840;
 constexpr double kRight = kLeft + kWidth;
-constexpr double kFirstRow = 74;
+constexpr double kFirstRow = 82;
 constexpr double kRow = 22;
 constexpr double kBar = 14;
 constexpr double kBottom = kFirstRow + kRow * kOutletCount;
@@ -89,7 +89,8 @@ class Drawing {
     Drawing(const Timeline& timeline, std::string_view title)
         : timeline_(timeline),
           title_(title),
-          span_(static_cast<double>(std::max<long>(timeline.end.count(), 1))) {}
+          // A little more than the run, so that what it ends with can be seen.
+          span_(1.04 * static_cast<double>(std::max<long>(timeline.end.count(), 1))) {}
 
     std::string Svg();
 
@@ -141,13 +142,13 @@ void Drawing::Axis() {
         body_ += Line("grid", x, kFirstRow, x, kBottom);
         body_ += Text(x, kBottom + 16, "middle", "text", TickText(ms, step));
     }
-    body_ += Text(kLeft - 10, kBottom + 16, "end", "text", step < 60'000 ? "seconds" : "h:min:s");
+    body_ += Text(kLeft - 32, kBottom + 16, "end", "text", step < 60'000 ? "s" : "h:min:s");
 }
 
 void Drawing::Loop() {
     if (!timeline_.repeats) return;
     const double from = X(timeline_.repeats->from);
-    body_ += Rect("loop", from, kFirstRow, kRight - from, kBottom - kFirstRow);
+    body_ += Rect("loop", from, kFirstRow, X(timeline_.end) - from, kBottom - kFirstRow);
 }
 
 void Drawing::Bar(int outlet, double from, double to) {

@@ -12,6 +12,7 @@
 #include "console/console_test_support.h"
 #include "macro/macro_file.h"
 #include "macro/whole_file.h"
+#include "text/text.h"
 
 namespace kestrane {
 namespace {
@@ -232,7 +233,7 @@ TEST_F(MacroCallTest, MovesAProgramDownAndUp) {
 
 TEST_F(MacroCallTest, SaysIfTheUnitHoldsSomethingElse) {
     WriteFile(FileOf(0x51, 0x05));
-    // Somebody else writes into the unit behind the upload.
+    // Somebody else writes into the unit after the upload.
     world.loop.AfterEvents([&] {
         if (tool.script_edit_form.lblTopStatus.Caption() == "Downloading unit macro program 12%") {
             peer.unit().Relay().Set(0x42, 0x52);
@@ -243,16 +244,33 @@ TEST_F(MacroCallTest, SaysIfTheUnitHoldsSomethingElse) {
     EXPECT_NE(complaints[0].find("differs from " + file + " at address 21"), std::string::npos);
 }
 
+TEST_F(MacroCallTest, UploadsSourceAndTriggersOnlyIfAsked) {
+    WriteFile("trigger 2 \"Night\" page 3 enabled on\nStop\non: ON 1 0.5\n");
+    const std::string before = peer.unit().Display().Read(0x200, 0x80);
+    EXPECT_EQ(Run({"upload", file}), kExitDone);
+    EXPECT_NE(printed.back().find("its macro triggers were left out"), std::string::npos);
+    EXPECT_EQ(UnitProgram().substr(0, 6), Bytes({0, 0, 0x40, 5, 0, 0}));
+    EXPECT_EQ(peer.unit().Display().Read(0x200, 0x80), before);
+    tool.hand.Click(tool.main_form.cmdDisconnect);
+    EXPECT_EQ(Run({"upload", file, "--triggers"}), kExitDone);
+    EXPECT_EQ(
+        peer.unit().Display().Read(0x200, 0x20),
+        PadRight("Macro 1", 14) + Bytes({0x80, 0}) + PadRight("Night", 14) + Bytes({3, 0x11}));
+    EXPECT_EQ(complaints, Words{});
+    WriteFile("Stop");
+    EXPECT_EQ(Run({"upload", file, "--triggers"}), kExitUsage);
+}
+
 TEST_F(MacroCallTest, TouchesNothingForABadFileOrARefusal) {
     WriteFile("'Kestrane\r\n'Macro Triggers\r\n");
     EXPECT_EQ(Run({"upload", file}), kExitUsage);
+    EXPECT_EQ(Run({"download", file + "/in/no/folder"}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
 
     WriteFile(FileOf(0x51, 0x05));
     const std::string before = UnitProgram();
     peer.unit().Relay().Set(unit::kPrivileges, 0);
     EXPECT_EQ(Run({"upload", file}), kExitUnit);
-    EXPECT_NE(complaints.back().find("Denied"), std::string::npos);
     EXPECT_EQ(UnitProgram(), before);
 
     tool.hand.Click(tool.main_form.cmdDisconnect);
@@ -260,6 +278,42 @@ TEST_F(MacroCallTest, TouchesNothingForABadFileOrARefusal) {
     WriteFile("old");
     EXPECT_EQ(Run({"download", file}), kExitUnit);
     EXPECT_EQ(ReadWholeFile(file).content, "old");
+}
+
+TEST_F(MacroCallTest, AnUnnamedTriggerGetsANameAndAnImpossibleOneIsRefused) {
+    peer.unit().Display().Write(0x200, std::string(14, ' '));
+    EXPECT_EQ(Run({"download", file}), kExitDone);
+    EXPECT_NE(complaints.back().find("trigger 1 has no name"), std::string::npos);
+    const ProgramText saved = ReadProgramText(ReadWholeFile(file).content);
+    ASSERT_TRUE(saved.Good());
+    EXPECT_EQ(saved.program.triggers[0]->row.name, "Macro 1");
+    tool.hand.Click(tool.main_form.cmdDisconnect);
+    WriteFile("old");
+    peer.unit().Display().Set(0x21E, 12);  // the page of trigger 2
+    EXPECT_EQ(Run({"download", file}), kExitUnit);
+    EXPECT_NE(complaints.back().find("trigger 2"), std::string::npos);
+    EXPECT_EQ(ReadWholeFile(file).content, "old");
+}
+
+// Each fault of the line at a block of the transfer: the status, the block and what the unit holds.
+TEST_F(MacroCallTest, AFailedBlockIsNamedWithWhatTheUnitHolds) {
+    WriteFile(FileOf(0x51, 0x05));
+    const std::string old = UnitProgram();
+    // Refused from the fifth block on.
+    int uploads = 0;
+    world.loop.AfterEvents([&] {
+        const std::string& status = tool.script_edit_form.lblTopStatus.Caption();
+        if (status == "Uploading unit settings 32%" && ++uploads == 1) {
+            peer.unit().Relay().Set(unit::kPrivileges, 0);
+        }
+    });
+    EXPECT_EQ(Run({"upload", file}), kExitUnit);
+    EXPECT_NE(complaints.back().find("block 0060: refused"), std::string::npos)
+        << complaints.back();
+    EXPECT_NE(complaints.back().find("10 to 2F: new, 30 to 7F: old"), std::string::npos)
+        << complaints.back();
+    EXPECT_EQ(UnitProgram().substr(0x40), old.substr(0x40));
+    EXPECT_NE(UnitProgram().substr(0, 0x40), old.substr(0, 0x40));
 }
 
 }  // namespace
