@@ -14,11 +14,13 @@ using std::chrono::milliseconds;
 // What the screen shows and lets a hand do, by control.
 using Picture = std::map<std::string, std::string>;
 
+// Of those that a hand can use.
 template <class T>
 T* Nth(Form& form, unsigned number) {
     std::vector<T*> all;
     for (Control* control : form.controls()) {
-        if (auto* fitting = dynamic_cast<T*>(control)) all.push_back(fitting);
+        auto* const fitting = dynamic_cast<T*>(control);
+        if (fitting && fitting->Usable()) all.push_back(fitting);
     }
     return all.empty() ? nullptr : all[number % all.size()];
 }
@@ -69,6 +71,12 @@ void Player::Press(const std::string& name) {
         dot == std::string::npos ? &stage_.form : tool_.screen.FindForm(name.substr(0, dot));
     Control* control = form->Find(dot == std::string::npos ? name : name.substr(dot + 1));
     if (!control) throw Broken{"no such control: " + name};
+    for (const Container* at = &control->container(); at; at = at->parent()) {
+        const auto* page = dynamic_cast<const TabPage*>(at);
+        if (page && page->index() != stage_.form.SSTab1.Tab()) {
+            tool_.hand.Choose(stage_.form.SSTab1, page->index());
+        }
+    }
     tool_.hand.Click(*control);
 }
 
@@ -97,7 +105,7 @@ void Player::DoOperator(const Step& step) {
         case Action::kType:
             return Type(step.a, step.b);
         case Action::kClickAny:
-            hand.Click(*Nth<Control>(Active(), step.a));
+            if (auto* control = Nth<Control>(Active(), step.a)) hand.Click(*control);
             return;
         case Action::kChoose:
             if (auto* bar = Nth<ScrollBar>(Active(), step.a)) {
@@ -119,6 +127,8 @@ void Player::DoLine(const Step& step) {
     switch (step.action) {
         case Action::kSplit:
             return line.SplitNext(1 + step.b % 24, milliseconds(1 + step.b % 250));
+        case Action::kLate:
+            return line.SplitNext(0, milliseconds(2850 + step.b % 250));
         case Action::kDrop:
             return line.DropNext();
         case Action::kGarble:

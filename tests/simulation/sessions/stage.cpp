@@ -138,16 +138,17 @@ void Stage::CheckTable(const Exchange& exchange) const {
     }
 }
 
-// An operation speaks to one unit from its begin to its end. A settings read learns the address.
+// An operation speaks to one unit from its begin to its end. A settings read learns the address; a
+// download reads names and triggers from the address of any unit.
 void Stage::CheckAddress(const Exchange& exchange) {
     const OperationRecord* operation = tool.link.journal().FindOperation(exchange.operation);
     if (!operation || operation->name == "Read Network Settings") return;
+    if (operation->name == "Download Macro" && exchange.board == 251) return;
     int relay = exchange.board;
     if (relay == 251) relay = 250;
     if (relay >= 128 && relay < 250) relay -= 128;
     const auto [first, fresh] = unit_of_operation_.emplace(operation->number, relay);
-    // The macro editor reads names and triggers from the address of any unit.
-    if (first->second != relay && exchange.board != 251) {
+    if (first->second != relay) {
         throw Broken{"address changed in the midst: " + operation->name};
     }
 }

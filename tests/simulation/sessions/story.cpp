@@ -19,6 +19,7 @@ constexpr Row kRows[] = {
     {Action::kType, "type into box", 10},      {Action::kClickAny, "click control", 10},
     {Action::kChoose, "choose in control", 3}, {Action::kLeave, "leave", 2},
     {Action::kCloseForm, "close the form", 3}, {Action::kSplit, "split a reply", 4},
+    {Action::kLate, "a late reply", 4},
     {Action::kDrop, "drop a reply", 3},        {Action::kGarble, "garble a reply", 4},
     {Action::kCut, "cut a reply", 2},          {Action::kClose, "the unit closes", 4},
     {Action::kReset, "the line resets", 4},    {Action::kNoise, "noise", 2},
@@ -34,7 +35,7 @@ constexpr const char* kButtons[] = {
     "cmdWriteMacroTriggers", "cmdRead1WNames", "cmdWrite1WNames", "cmdRead1WLive", "cmd1WireClear",
     "cmd1WireCommit", "cmdResetMinMax", "cmdReadCMSOptions", "cmdSaveCurrent(0)",
     "cmdSaveCurrent(1)", "cmdSaveStartup(0)", "cmdSaveStartup(1)", "cmdUnitID", "OptButID(1)",
-    "OptButID(250)", "cmdResetEthernet", "cmdEditMacro", "cmdHelp", "frmScriptEdit.cmdDownload",
+    "OptButID(250)", "OptButID(2)", "OptButID(250)", "cmdResetEthernet", "cmdEditMacro", "cmdHelp", "frmScriptEdit.cmdDownload",
     "frmScriptEdit.cmdUpload", "frmScriptEdit.cmdGetStatus", "frmScriptEdit.cmdGoTo",
     "frmScriptEdit.chkTrace",
 };
@@ -53,7 +54,7 @@ Action DrawAction(std::mt19937_64& random) {
 
 // Most things come one upon the other, some in step with the reader, some after a silence.
 int DrawPause(std::mt19937_64& random) {
-    constexpr unsigned kLongest[] = {3, 30, 120, 120, 400, 400, 1200, 3500};
+    constexpr unsigned kLongest[] = {3, 30, 120, 120, 300, 300, 800, 3500};
     return static_cast<int>(random() % kLongest[random() % std::size(kLongest)]);
 }
 
@@ -78,6 +79,7 @@ Story StoryOf(std::uint64_t seed) {
         story.steps.push_back({400, Action::kPress, 0, 0});
         story.steps.push_back({2600, Action::kLeave, 0, 0});
     }
+    if (random() % 2 == 0) story.steps.push_back({1, Action::kSeveral, DrawStep(random).a, 7});
     const std::size_t count = 4 + random() % 24;
     for (std::size_t i = 0; i < count; ++i) story.steps.push_back(DrawStep(random));
     return story;

@@ -23,6 +23,7 @@ enum class Action : std::uint8_t {
     kCloseForm,  // the modal form, by its title bar
     // The line.
     kSplit,  // the reply after a others comes in two pieces, the second b ms later
+    kLate,   // it comes about when the timeout does
     kDrop,
     kGarble,  // its byte b is turned
     kCut,     // its first b bytes come, then the connection closes
