@@ -115,16 +115,6 @@ TEST(MacroFile, WhatIsSavedLoadsBack) {
     EXPECT_FALSE(loaded.triggers_changed) << "padding in the boxes is no change";
 }
 
-TEST(MacroFile, EveryImageOfOneByteLoadsBack) {
-    for (int value = 0; value < 256; ++value) {
-        Tool saved = SampleTool();
-        for (std::size_t i = 32; i < 256; ++i) saved.image.Set(i, static_cast<std::uint8_t>(value));
-        Tool loaded;
-        ASSERT_EQ(ReadMacroFile(saved.Save(), loaded).outcome, Outcome::kOk) << value;
-        ASSERT_EQ(loaded.Save(), saved.Save());
-    }
-}
-
 TEST(MacroFileReader, ChecksumFaultsNameTheLineAndKeepWhatCameBefore) {
     const auto good = Lines(SampleTool().Save());
 
@@ -279,15 +269,6 @@ TEST(MacroFileWriter, NamesOfFiles) {
     EXPECT_EQ(NameWithoutFolders("night.sms"), "night.sms");
     const std::string file = WriteMacroFile("a\r\nb", SampleTool().triggers, {}, "");
     EXPECT_TRUE(file.starts_with("'Kestrane Version 3 macro file - a  b\r\n'Macro Triggers\r\n"));
-}
-
-TEST(MacroMemoryTest, IsBoundsChecked) {
-    MacroMemory image;
-    EXPECT_TRUE(image.Set(511, 7));
-    EXPECT_FALSE(image.Set(512, 7));
-    EXPECT_EQ(image.Get(511), 7);
-    EXPECT_EQ(image.Get(512), 0);
-    EXPECT_EQ(image.SecondByte(255), 7);
 }
 
 }  // namespace
