@@ -2,6 +2,7 @@
 
 #include "cli/call_driver.h"
 #include "cli/macro_blocks.h"
+#include "link/frame.h"
 #include "macro/instruction_reader.h"
 #include "macro/macro_file.h"
 #include "macro/whole_file.h"

@@ -4,6 +4,7 @@
 
 #include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
+#include "macro/source_line.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -17,79 +18,6 @@ constexpr int kLastPage = 9;
 std::string Quoted(std::string_view bytes) { return "\"" + FromByteText(bytes) + "\""; }
 
 std::string Hex(std::size_t address) { return HexByte(static_cast<std::uint8_t>(address)); }
-
-// One line of the source as bytes, its remark cut off, with a place to read from.
-class SourceLine {
-  public:
-    // Nothing where it is not UTF-8, or the unit lacks a character; `at` then says where.
-    static std::optional<std::string> Statement(std::string_view utf8, std::size_t& at,
-                                                std::string& why);
-
-    explicit SourceLine(std::string text) : text_(std::move(text)) { SkipBlanks(); }
-
-    bool AtEnd() const { return at_ == text_.size(); }
-    std::size_t at() const { return at_; }
-    char Next() const { return AtEnd() ? '\0' : text_[at_]; }
-    std::string_view Rest() const { return std::string_view(text_).substr(at_); }
-    // The word that begins here, up to a blank or one of `ends`.
-    std::string_view Word(std::string_view ends = {}) const {
-        const std::string_view rest = Rest();
-        std::size_t end = 0;
-        while (end < rest.size() && !IsBlank(rest[end]) &&
-               ends.find(rest[end]) == std::string_view::npos) {
-            ++end;
-        }
-        return rest.substr(0, end);
-    }
-    // Moves on over so many characters and the blanks after them.
-    void Skip(std::size_t characters) {
-        at_ += characters;
-        SkipBlanks();
-    }
-    void Take(std::size_t characters) { at_ += characters; }
-
-  private:
-    void SkipBlanks() {
-        while (at_ < text_.size() && IsBlank(text_[at_])) ++at_;
-    }
-
-    std::string text_;
-    std::size_t at_ = 0;
-};
-
-std::optional<std::string> SourceLine::Statement(std::string_view utf8, std::size_t& at,
-                                                 std::string& why) {
-    std::string text;
-    bool quoted = false;
-    bool escaped = false;
-    std::size_t remark = std::string::npos;
-    std::size_t foreign = std::string::npos;
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < utf8.size(); ++count) {
-        const auto character = NextCharacter(utf8, i);
-        if (!character) {
-            at = count;
-            why = "this is not UTF-8; save the file as UTF-8";
-            return std::nullopt;
-        }
-        if (remark != std::string::npos) continue;
-        if (*character == ';' && !quoted) {
-            remark = count;
-            continue;
-        }
-        if (*character == '"' && !escaped) quoted = !quoted;
-        escaped = quoted && *character == '\\' && !escaped;
-        if (*character > kLastOfByteText && foreign == std::string::npos) foreign = count;
-        text += *character > kLastOfByteText ? '?' : static_cast<char>(*character);
-    }
-    if (foreign != std::string::npos) {
-        at = foreign;
-        why = "the unit has no such character; U+0020 to U+00FF are possible";
-        return std::nullopt;
-    }
-    while (!text.empty() && IsBlank(text.back())) text.pop_back();
-    return text;
-}
 
 class Assembler {
   public:
