@@ -15,7 +15,6 @@
 #include "host/descriptors.h"
 #include "host/host_services.h"
 #include "host/signal_watch.h"
-#include "kestrane-config/why_disabled.h"
 
 namespace {
 
@@ -77,10 +76,8 @@ int Run(CallOptions& options, bool with_console) {
         if (!demo) return kExitUnit;
     }
     Tool tool(faces.With(host, with_console), options.tool_options());
-    Windows windows(
-        tool.screen, tool.hand,
-        {tool.main_form, tool.login_form, tool.confirm_form, tool.help_form, tool.script_edit_form},
-        [&tool](const Control& control) { return WhyDisabled(tool, control); });
+    Workbench bench(tool);
+    Windows windows(bench);
     const SignalWatch watch([&host](int number) {
         host.tcpsend.Close();
         host.loop.Exit(128 + number);
@@ -96,7 +93,8 @@ int Run(CallOptions& options, bool with_console) {
         };
         console = std::make_unique<Console>(
             tool, faces.scripted,
-            ConsoleOptions{[](const std::string& text) { WriteLine(stdout, text); }, grab});
+            ConsoleOptions{[](const std::string& text) { WriteLine(stdout, text); }, grab,
+                           &bench});
         input = std::make_unique<InputLines>(
             STDIN_FILENO, [&console](const InputLine& line) { console->FeedLine(line.text); },
             [&console] { console->EndOfInput(); });

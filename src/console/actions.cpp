@@ -203,6 +203,12 @@ const ActionRow* FindRow(const std::string& command) {
 
 bool IsAction(const std::string& command) { return FindRow(command) != nullptr; }
 
+std::vector<std::string> ActionUsages() {
+    std::vector<std::string> usages;
+    for (const ActionRow& row : kActions) usages.emplace_back(row.usage);
+    return usages;
+}
+
 MadeAction MakeAction(const Names& names, Tool& tool, const std::vector<Word>& words) {
     const ActionRow* const row = words.empty() ? nullptr : FindRow(words[0].text);
     if (!row) return Bad("no such command");

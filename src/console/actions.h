@@ -31,6 +31,9 @@ struct MadeAction {
 // Whether the word names one of these commands.
 bool IsAction(const std::string& command);
 
+// How each of them is written.
+std::vector<std::string> ActionUsages();
+
 // `words` begin with the command.
 MadeAction MakeAction(const Names& names, Tool& tool, const std::vector<Word>& words);
 

@@ -17,6 +17,7 @@
 
 #include "console/actions.h"
 #include "console/scripted_operator.h"
+#include "editing/workbench.h"
 
 namespace kestrane {
 
@@ -25,6 +26,8 @@ struct ConsoleOptions {
     std::function<void(const std::string& line)> write;
     // Saves a picture of the form; returns why it can't. Without it there are no pictures.
     std::function<std::optional<std::string>(Form&, const std::string& path)> grab;
+    // Pending changes, undo and messages; null where there are none.
+    Workbench* workbench = nullptr;
 };
 
 // Lives until the program ends, as the event loop keeps calling it.
@@ -91,6 +94,15 @@ class Console : public ScreenListener {
     void HandleAnswer(const Words& words);
     void HandleFile(const Words& words);
     void HandleGrab(const Words& words);
+    void HandleChanges(const Words& words);
+    void HandleUndo(const Words& words);
+    void HandleRedo(const Words& words);
+    void HandleMessages(const Words& words);
+    void HandleVerify(const Words& words);
+    void HandleOpen(const Words& words);
+    void HandleSave(const Words& words);
+    void HandleCompare(const Words& words);
+    void HandleHelp(const Words& words);
     void HandleQuit(const Words& words);
 
     void RunNow(const Action& action);
@@ -109,6 +121,8 @@ class Console : public ScreenListener {
     void End();
 
     void Answer(const Json& answer) { Tell(answer); }
+    // The workbench, or null with the answer given.
+    Workbench* NeedWorkbench();
     void AnswerOk();
     void AnswerValue(const Json& value);
     void AnswerError(const std::string& error);

@@ -30,6 +30,15 @@ const Console::Row Console::kRows[] = {
     {"answer", 2, 2, "answer ok|cancel|yes|no",              &Console::HandleAnswer},
     {"file",   2, 2, "file PATH",                            &Console::HandleFile},
     {"grab",   3, 3, "grab FORM FILE",                       &Console::HandleGrab},
+    {"changes",  1, 1, "changes",                            &Console::HandleChanges},
+    {"undo",     1, 1, "undo",                               &Console::HandleUndo},
+    {"redo",     1, 1, "redo",                               &Console::HandleRedo},
+    {"messages", 1, 1, "messages",                           &Console::HandleMessages},
+    {"verify",   1, 1, "verify",                             &Console::HandleVerify},
+    {"open",     2, 2, "open FILE",                          &Console::HandleOpen},
+    {"save",     2, 2, "save FILE",                          &Console::HandleSave},
+    {"compare",  2, 2, "compare FILE",                       &Console::HandleCompare},
+    {"help",   1, 1, "help",                                 &Console::HandleHelp},
     {"quit",   1, 1, "quit",                                 &Console::HandleQuit},
     {nullptr,  0, 0, nullptr,                                nullptr},
 };
@@ -142,6 +151,13 @@ void Console::HandleGrab(const Words& words) {
     }
     const auto problem = options_.grab(*form, words[2].text);
     problem ? AnswerError(*problem) : AnswerOk();
+}
+
+void Console::HandleHelp(const Words& /*words*/) {
+    Json list = Json::array();
+    for (const std::string& usage : ActionUsages()) list.push_back(usage);
+    for (const Row* row = kRows; row->name; ++row) list.push_back(row->usage);
+    AnswerValue(list);
 }
 
 void Console::HandleQuit(const Words& /*words*/) {

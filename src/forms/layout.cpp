@@ -37,6 +37,7 @@ TextBoxView* AddField(Mirror& mirror, QGridLayout* grid, int row, int column, La
     grid->addWidget(mirror.Make(label), row, column);
     TextBoxView* view = mirror.Make(box, columns);
     view->setAccessibleName(QString::fromStdString(label.Caption()));
+    mirror.PairWithLabel(box, label);
     grid->addWidget(view, row, column + 1, Qt::AlignLeft | Qt::AlignVCenter);
     return view;
 }

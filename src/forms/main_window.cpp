@@ -1,11 +1,21 @@
 #include "forms/main_window.h"
 
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPainter>
 #include <QTabBar>
 #include <QTimer>
 
+#include "forms/latin1.h"
 #include "forms/layout.h"
+#include "forms/look/look.h"
+#include "forms/look/style.h"
+#include "forms/main_menu.h"
 #include "forms/pages.h"
 #include "forms/progress.h"
+#include "forms/qt_dialogs.h"
+#include "forms/review_window.h"
 
 namespace kestrane {
 namespace {
@@ -38,11 +48,17 @@ QWidget* BuildPage(Mirror& mirror, MainForm& form, int tab) {
 
 }  // namespace
 
-MainWindow::MainWindow(MainForm& form, Hand& hand, WhyDisabledFunction why_disabled)
-    : FormWindow(form, hand, std::move(why_disabled), nullptr), form_(form) {
+MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
+    : FormWindow(bench.tool.main_form, bench.tool.hand, std::move(why_disabled), nullptr),
+      bench_(bench),
+      form_(bench.tool.main_form) {
     auto* outer = new QVBoxLayout(this);
-    outer->setContentsMargins(kBetweenFrames, kBetweenFrames, kBetweenFrames, kGap);
-    outer->setSpacing(kBetweenFrames);
+    outer->setContentsMargins(kBetweenFrames, kSmallGap, kBetweenFrames, kGap);
+    outer->setSpacing(kGap);
+    menu_ = new QMenuBar;
+    outer->setMenuBar(menu_);
+    header_ = new UnitHeader(bench, [this] { mirror_.Click(form_.cmdDisconnect); });
+    outer->addWidget(header_);
     auto* panels = Row();
     panels->setSpacing(kBetweenFrames);
     panels->addWidget(ConnectionPanel());
@@ -50,14 +66,34 @@ MainWindow::MainWindow(MainForm& form, Hand& hand, WhyDisabledFunction why_disab
     panels->addWidget(ProgressPanel(), 1);
     outer->addLayout(panels);
     outer->addWidget(MakeTabs(), 1);
+    log_ = new LogPane(bench);
+    log_->hide();
+    outer->addWidget(log_);
     outer->addLayout(StatusRow());
     diagnostics_ = DiagnosticsPanel();
     outer->addWidget(diagnostics_);
     tail_ = mirror_.TakeMade();
     Chain();
-    mirror_.OnRefreshed([this] { ShowProgress(); });
+    FillMenu();
+    mirror_.OnTip([&bench](const Control& control) { return TipOf(bench.pending, control); });
+    mirror_.AroundClick(
+        [this](Control& control, const auto& click) { AroundClick(control, click); });
+    mirror_.OnRefreshed([this] {
+        ShowProgress();
+        ScheduleMarks();
+    });
+    bench.pending.OnChanged([this] { ScheduleMarks(); });
+    bench.messages.OnAdded([this](const Message&) { ScheduleMarks(); });
     FormChanged();
     ShowProgress();
+    setMinimumSize(minimumSizeHint().boundedTo({kSmallestWidth, kSmallestHeight}));
+}
+
+void MainWindow::FillMenu() {
+    FillMenuBar(
+        *menu_, bench_, mirror_,
+        {[this] { Review(); }, [this] { log_->setVisible(!log_->isVisible()); },
+         [this] { close(); }, [this](const QString& because) { return MayDiscard(because); }});
 }
 
 // Connect and Disconnect are drawn in here, but don't hang on the frame.
@@ -69,6 +105,7 @@ FrameView* MainWindow::ConnectionPanel() {
     AddField(mirror_, grid, 0, 4, form_.lblTimeout, form_.txtTimeout, 4);
     auto* buttons = Row();
     ButtonView* connect = mirror_.Make(form_.cmdConnect);
+    connect->setProperty(kPrimary, true);
     connect->ReserveFor({QStringLiteral("Connected Port A")});
     ButtonView* disconnect = mirror_.Make(form_.cmdDisconnect);
     disconnect->ReserveFor({QStringLiteral("Timeout Disconnected")});
@@ -110,13 +147,19 @@ QTabWidget* MainWindow::MakeTabs() {
         (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
         tabs_->addTab(place, QString::fromStdString(tab.caption));
     }
+    for (int page = 0; page < kInvisibleStorage; ++page) MarkTab(page, false);
     mirror_.Bind(form_.SSTab1, *tabs_, [this](int tab) { NeedPage(tab); });
     return tabs_;
 }
 
 QLayout* MainWindow::StatusRow() {
     auto* row = Row();
-    row->addWidget(mirror_.Make(form_.lblNotLoggedIn), 1);
+    QLabel* socket = mirror_.Make(form_.lblNotLoggedIn);
+    ReserveWidth(socket, "Socket connection pending");
+    strip_ = new MessageStrip(bench_);
+    connect(strip_->changes(), &QToolButton::clicked, this, [this] { Review(); });
+    row->addWidget(socket);
+    row->addWidget(strip_, 1);
     row->addWidget(KeepReadable(mirror_.Make(form_.lblVersion)));
     row->addSpacing(kGap);
     row->addWidget(mirror_.Make(form_.cmdHelp));
@@ -187,18 +230,146 @@ void MainWindow::PreparePages() {
     }
 }
 
+// The bar is there while something runs, and a second stage of one operation never takes it back.
 void MainWindow::ShowProgress() {
+    const auto& operations = bench_.tool.link.journal().operations();
+    const bool runs =
+        !operations.empty() && operations.back().end == OperationRecord::End::kRunning;
     const auto progress = ParseProgress(form_.lblMemoryBlock.Caption());
-    if (progress) {
-        progress_->setRange(0, progress->total);
-        progress_->setValue(progress->done);
+    progress_->setVisible(runs && progress);
+    if (!runs || !progress) return;
+    if (progress_of_ != operations.back().number) furthest_ = 0;
+    progress_of_ = operations.back().number;
+    furthest_ = std::max(furthest_, 1000 * progress->done / progress->total);
+    progress_->setRange(0, 1000);
+    progress_->setValue(furthest_);
+}
+
+// What is sent back to its value by what the operator is about to do.
+QString MainWindow::WouldDiscard(const Control& control) const {
+    if (bench_.pending.Count() == 0) return {};
+    if (&control == &form_.cmdDisconnect) return QStringLiteral("Disconnecting");
+    if (&control == &form_.network.cmdResetEthernet) return QStringLiteral("The reset");
+    if (&control == &form_.network.cmdReadNetworkSettings) return QStringLiteral("Reading again");
+    const int page = form_.SSTab1.Tab();
+    if (&control != ReadButtonOf(form_, page)) return {};
+    for (const PendingChange& change : bench_.pending.List()) {
+        if (PageOfTab(change.setting->tab) == page) return QStringLiteral("Reading again");
     }
-    progress_->setVisible(progress.has_value());
+    return {};
+}
+
+bool MainWindow::MayDiscard(const QString& because) {
+    const auto count = bench_.pending.Count();
+    if (count == 0) return true;
+    const QString what =
+        count == 1 ? QStringLiteral("1 change") : QStringLiteral("%1 changes").arg(count);
+    return AskToDiscard(
+        this, form_.screen().platform().loop,
+        QStringLiteral("%1 drops %2 not yet written to the unit.").arg(because, what));
+}
+
+void MainWindow::AroundClick(Control& control, const std::function<void()>& click) {
+    const QString because = WouldDiscard(control);
+    if (!because.isEmpty() && !MayDiscard(because)) return;
+    const auto last = bench_.tool.link.journal().last_operation();
+    const auto boxes = QApplication::topLevelWidgets().size();
+    click();
+    if (control.kind() != Kind::kButton || QApplication::topLevelWidgets().size() != boxes) return;
+    bench_.AfterClick(static_cast<Button&>(control), last);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    mirror_.Post([this] {
+        if (MayDiscard(QStringLiteral("Closing"))) mirror_.hand().Close(form_);
+    });
+}
+
+// Enter in the address boxes connects.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const Control* const focused = form_.Focused();
+    if (enter && focused && focused->container().container_name() == "fraIPAddress") {
+        mirror_.Click(form_.cmdConnect);
+        return;
+    }
+    FormWindow::keyPressEvent(event);
+}
+
+void MainWindow::Review() {
+    auto* review = new ReviewWindow(
+        bench_, [this](Control& control) { GoToControl(control); }, this);
+    review->setAttribute(Qt::WA_DeleteOnClose);
+    review->setModal(true);
+    review->show();
+}
+
+void MainWindow::GoToControl(Control& control) {
+    mirror_.Post([this, &control] {
+        const Setting* const setting = SettingOfControl(control.name());
+        const int page = setting ? PageOfTab(setting->tab) : -1;
+        Hand& hand = mirror_.hand();
+        if (page >= 0 && form_.SSTab1.Tab() != page) hand.Choose(form_.SSTab1, page);
+        hand.GoTo(control);
+        mirror_.FocusChanged();
+    });
+}
+
+void MainWindow::ScheduleMarks() {
+    if (std::exchange(marks_scheduled_, true)) return;
+    mirror_.Post([this] { ShowMarks(); });
+}
+
+void MainWindow::ShowMarks() {
+    marks_scheduled_ = false;
+    std::array<bool, 9> pages{};
+    for (const Setting* setting : EditableSettings()) {
+        const bool differs = bench_.pending.Differs(*setting);
+        const int page = PageOfTab(setting->tab);
+        if (differs && page >= 0) pages[static_cast<std::size_t>(page)] = true;
+        const Control* const control = ControlOf(form_, *setting);
+        QWidget* const view = control ? mirror_.WidgetOf(*control) : nullptr;
+        if (!view || view->property(kChanged).toBool() == differs) continue;
+        view->setProperty(kChanged, differs);
+        view->update();
+    }
+    for (int page = 0; page < kInvisibleStorage; ++page) {
+        MarkTab(page, pages[static_cast<std::size_t>(page)]);
+    }
+    strip_->ShowCount();
+    header_->Show();
+    const QString name = header_->Name();
+    const QString title = ToQt(form_.Caption());
+    const QString wanted = name.isEmpty() ? title : name + QStringLiteral(" - ") + title;
+    if (windowTitle() != wanted) setWindowTitle(wanted);
+}
+
+// The icon keeps its place when there is no dot, so that no tab moves.
+void MainWindow::MarkTab(int page, bool changed) {
+    constexpr int kDot = 8;
+    if (tabs_->tabBar()->tabData(page).isValid() &&
+        tabs_->tabBar()->tabData(page).toBool() == changed) {
+        return;
+    }
+    tabs_->tabBar()->setTabData(page, changed);
+    QPixmap dot(2 * kDot, 2 * kDot);
+    dot.fill(Qt::transparent);
+    if (changed) {
+        QPainter painter(&dot);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ChangedColour(palette()));
+        painter.drawEllipse(dot.rect());
+    }
+    tabs_->setIconSize({kDot, kDot});
+    tabs_->setTabIcon(page, QIcon(dot));
 }
 
 // The panel takes its room from the tabs: the window keeps its size.
 void MainWindow::FormChanged() {
     FormWindow::FormChanged();
+    if (header_) ScheduleMarks();
     if (diagnostics_) diagnostics_->setVisible(form_.Height() >= MainForm::kTallFrom);
 }
 

@@ -1,20 +1,25 @@
 #pragma once
 
-// The main window: connection, relay IDs and progress on top, the tabs, socket status and help
-// below, and the diagnostics panel while the form is tall. A tab's page is made when it is first
-// shown, or soon after the window was first painted.
+// The main window: menu, the unit's header, connection, relay IDs and progress on top, the tabs,
+// messages and help below, and on demand the log and, while the form is tall, the diagnostics. A
+// tab's page is made when it is first shown, or soon after the window was first painted.
 
+#include <QMenuBar>
 #include <QProgressBar>
 #include <array>
 
+#include "editing/workbench.h"
 #include "forms/form_window.h"
+#include "forms/log_pane.h"
+#include "forms/message_strip.h"
+#include "forms/unit_header.h"
 #include "screen/main_form.h"
 
 namespace kestrane {
 
 class MainWindow : public FormWindow {
   public:
-    MainWindow(MainForm& form, Hand& hand, WhyDisabledFunction why_disabled);
+    MainWindow(Workbench& bench, WhyDisabledFunction why_disabled);
 
     // Makes the pages of the tabs that were not shown yet.
     void MakeAllPages();
@@ -22,6 +27,8 @@ class MainWindow : public FormWindow {
   protected:
     void FormChanged() override;
     void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     FrameView* ConnectionPanel();
@@ -34,8 +41,27 @@ class MainWindow : public FormWindow {
     void PreparePages();
     void ShowProgress();
     void Chain();
+    void FillMenu();
+    void Review();
+    void GoToControl(Control& control);
+    // What a click on this control would drop, in words; empty for nothing.
+    QString WouldDiscard(const Control& control) const;
+    bool MayDiscard(const QString& because);
+    void AroundClick(Control& control, const std::function<void()>& click);
+    // Marks at boxes and tabs, the count, header and title; once an event-loop pass.
+    void ScheduleMarks();
+    void ShowMarks();
+    void MarkTab(int page, bool changed);
 
+    Workbench& bench_;
     MainForm& form_;
+    QMenuBar* menu_ = nullptr;
+    UnitHeader* header_ = nullptr;
+    MessageStrip* strip_ = nullptr;
+    LogPane* log_ = nullptr;
+    bool marks_scheduled_ = false;
+    int furthest_ = 0;  // of the progress of the operation under way, in thousandths
+    std::uint64_t progress_of_ = 0;
     QTabWidget* tabs_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QWidget* diagnostics_ = nullptr;

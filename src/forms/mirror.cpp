@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 
 #include "forms/binders.h"
+#include "forms/look/style.h"
 
 namespace kestrane {
 namespace {
@@ -113,9 +114,21 @@ void Mirror::Refresh() {
     dirty.swap(dirty_);
     for (Binder* binder : dirty) focus_dirty_ |= binder->Sync();
     if (std::exchange(form_dirty_, false) && form_changed_) form_changed_();
+    if (!dirty.empty()) SyncFaulty();
     if (!dirty.empty() && refreshed_) refreshed_();
     if (focus_dirty_) SyncFocus();
     --syncing_;
+}
+
+// Red has a second sign: a border around the box that it is about.
+void Mirror::SyncFaulty() {
+    for (const auto& [box, label] : labels_) {
+        QWidget* const view = WidgetOf(*box);
+        const bool faulty = label->ForeColor() == kRed;
+        if (!view || view->property(kFaulty).toBool() == faulty) continue;
+        view->setProperty(kFaulty, faulty);
+        view->update();
+    }
 }
 
 // While the operator is on the way to a control the model's focus waits.
@@ -163,9 +176,12 @@ void Mirror::Click(Control& control) {
     // The click itself brings the focus along.
     if (control.TakesFocus()) pending_focus_ = nullptr;
     Post([this, &control] {
-        hand_.Click(control);
-        Changed(control);
-        FocusChanged();
+        const auto click = [this, &control] {
+            hand_.Click(control);
+            Changed(control);
+            FocusChanged();
+        };
+        around_click_ ? around_click_(control, click) : click();
     });
 }
 

@@ -97,6 +97,13 @@ class Mirror {
     void FocusChanged();
     // After a change of the palette.
     void ForgetColours();
+    // A label whose colour says whether the box beside it can be written.
+    void PairWithLabel(TextBox& box, Label& label) { labels_[&box] = &label; }
+    // Runs around each click of the operator, and decides whether it happens.
+    void AroundClick(std::function<void(Control&, const std::function<void()>& click)> around) {
+        around_click_ = std::move(around);
+    }
+
     // Called when the form itself has changed, in the course of a refresh.
     void OnFormChanged(std::function<void()> handler) { form_changed_ = std::move(handler); }
     // Called after each refresh with widgets changed.
@@ -130,6 +137,7 @@ class Mirror {
     void ScheduleRefresh();
     void GoTo(Control& control);
     void SyncFocus();
+    void SyncFaulty();
 
     Form& form_;
     Hand& hand_;
@@ -138,6 +146,8 @@ class Mirror {
     TipFunction tip_;
     QPointer<QWidget> resting_place_;
     std::function<void()> form_changed_;
+    std::function<void(Control&, const std::function<void()>&)> around_click_;
+    std::unordered_map<const TextBox*, const Label*> labels_;
     std::function<void()> refreshed_;
     std::unordered_map<const Control*, Binder*> binders_;
     std::vector<QWidget*> made_;

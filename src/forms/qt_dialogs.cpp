@@ -110,6 +110,20 @@ std::string QtFiles::Ask(const Request& request) {
     return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
 
+bool AskToDiscard(QWidget* owner, EventLoop& loop, const QString& text) {
+    QMessageBox box(owner);
+    box.setWindowTitle(QStringLiteral("Changes are not written"));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(QMessageBox::Warning);
+    QAbstractButton* discard = box.addButton(QStringLiteral("Discard"), QMessageBox::AcceptRole);
+    box.addButton(QMessageBox::Cancel);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.setEscapeButton(QMessageBox::Cancel);
+    Run(box, loop);
+    return box.clickedButton() == discard;
+}
+
 void WindowSound::Beep() { QApplication::beep(); }
 
 }  // namespace kestrane

@@ -3,9 +3,13 @@
 // Message boxes, file dialogs and the beep on Qt. A box pumps the program's own event loop until
 // it is answered, so that ticks, waits and the end of the program go on as ever.
 
+#include <QString>
+
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/services.h"
+
+class QWidget;
 
 namespace kestrane {
 
@@ -32,6 +36,9 @@ class QtFiles : public FileDialogs {
   private:
     EventLoop& loop_;
 };
+
+// Asks whether pending changes may be dropped; Cancel is the default.
+bool AskToDiscard(QWidget* owner, EventLoop& loop, const QString& text);
 
 class WindowSound : public Sound {
   public:

@@ -116,6 +116,18 @@ void TextBoxView::WithModel(Edit edit) {
     SyncFromModel();
 }
 
+// Undo and redo are the window's, over all settings: a box has no history of its own.
+bool TextBoxView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo)) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void TextBoxView::keyPressEvent(QKeyEvent* event) {
     if (IsTyping(*event)) {
         TypeText(event->text());

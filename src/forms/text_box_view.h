@@ -25,6 +25,7 @@ class TextBoxView : public QLineEdit {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

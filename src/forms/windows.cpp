@@ -5,53 +5,60 @@
 
 namespace kestrane {
 
-Windows::Windows(Screen& screen, Hand& hand, const Forms& forms, WhyDisabledFunction why_disabled)
-    : screen_(screen), hand_(hand), forms_(forms), why_disabled_(std::move(why_disabled)) {
-    screen_.AddListener(*this);
+Windows::Windows(Workbench& bench, WhyDisabledFunction why_disabled)
+    : bench_(bench), tool_(bench.tool), why_disabled_(std::move(why_disabled)) {
+    if (!why_disabled_) {
+        why_disabled_ = [&bench](const Control& control) {
+            return WhyDisabled(bench.tool, control);
+        };
+    }
+    tool_.screen.AddListener(*this);
 }
 
 Windows::~Windows() {
-    screen_.RemoveListener(*this);
+    tool_.screen.RemoveListener(*this);
     dialogs_.clear();
 }
 
 FormWindow* Windows::Find(const Form& form) const {
-    if (&form == &forms_.main) return main_.get();
+    if (&form == &tool_.main_form) return main_.get();
     const auto found = dialogs_.find(&form);
     return found == dialogs_.end() ? nullptr : found->second.get();
 }
 
 FormWindow& Windows::WindowOf(Form& form) {
     if (FormWindow* window = Find(form)) return *window;
-    if (&form == &forms_.main) {
-        main_ = std::make_unique<MainWindow>(forms_.main, hand_, why_disabled_);
+    if (&form == &tool_.main_form) {
+        main_ = std::make_unique<MainWindow>(bench_, why_disabled_);
         return *main_;
     }
     return *(dialogs_[&form] = NewWindow(form));
 }
 
 std::unique_ptr<FormWindow> Windows::NewWindow(Form& form) {
-    QWidget* const owner = &WindowOf(forms_.main);
-    if (&form == &forms_.login) {
-        return std::make_unique<LoginWindow>(forms_.login, hand_, why_disabled_, owner);
+    QWidget* const owner = &WindowOf(tool_.main_form);
+    if (&form == &tool_.login_form) {
+        return std::make_unique<LoginWindow>(tool_.login_form, tool_.hand, why_disabled_, owner);
     }
-    if (&form == &forms_.confirm) {
-        return std::make_unique<ConfirmPasswordWindow>(forms_.confirm, hand_, why_disabled_, owner);
+    if (&form == &tool_.confirm_form) {
+        return std::make_unique<ConfirmPasswordWindow>(tool_.confirm_form, tool_.hand,
+                                                       why_disabled_, owner);
     }
-    if (&form == &forms_.help) {
-        return std::make_unique<HelpWindow>(forms_.help, hand_, why_disabled_, owner);
+    if (&form == &tool_.help_form) {
+        return std::make_unique<HelpWindow>(tool_.help_form, tool_.hand, why_disabled_, owner);
     }
-    return std::make_unique<ScriptEditWindow>(forms_.script_edit, hand_, why_disabled_, owner);
+    return std::make_unique<ScriptEditWindow>(tool_.script_edit_form, tool_.hand, why_disabled_,
+                                              owner);
 }
 
-bool Windows::Grab(const std::string& form, const std::string& path) {
-    Form* const wanted = screen_.FindForm(form);
+bool Windows::Grab(const std::string& form, const std::string& path, QSize size) {
+    Form* const wanted = tool_.screen.FindForm(form);
     if (!wanted) return false;
     FormWindow& window = WindowOf(*wanted);
     window.mirror().Refresh();
     window.ensurePolished();
     // All of it, also where the screen is too small.
-    window.resize(window.WholeSize());
+    window.resize(size.isValid() ? size : window.WholeSize());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     return window.grab().save(QString::fromStdString(path), "PNG");
 }

@@ -14,16 +14,9 @@ namespace kestrane {
 
 class Windows : public ScreenListener {
   public:
-    struct Forms {
-        MainForm& main;
-        LoginForm& login;
-        ConfirmPasswordForm& confirm;
-        HelpForm& help;
-        ScriptEditForm& script_edit;
-    };
-
-    // Listens to the screen from now on; the main form must not be up yet.
-    Windows(Screen& screen, Hand& hand, const Forms& forms, WhyDisabledFunction why_disabled = {});
+    // Listens to the screen from now on; the main form must not be up yet. Without a function the
+    // reasons are those of the workbench.
+    explicit Windows(Workbench& bench, WhyDisabledFunction why_disabled = {});
     ~Windows() override;
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
@@ -32,8 +25,9 @@ class Windows : public ScreenListener {
     FormWindow& WindowOf(Form& form);
 
     // Saves a picture of the form's window as it stands, shown or not, as a PNG file. False for
-    // an unknown form or a file that can't be written.
-    bool Grab(const std::string& form, const std::string& path);
+    // an unknown form or a file that can't be written. A window that is not shown, or asked for
+    // in no size, is as large as all of it needs.
+    bool Grab(const std::string& form, const std::string& path, QSize size = {});
 
     void ControlChanged(Control& control, Property property) override;
     void FocusChanged(Form& form) override;
@@ -44,9 +38,8 @@ class Windows : public ScreenListener {
     std::unique_ptr<FormWindow> NewWindow(Form& form);
     FormWindow* Find(const Form& form) const;
 
-    Screen& screen_;
-    Hand& hand_;
-    Forms forms_;
+    Workbench& bench_;
+    Tool& tool_;
     WhyDisabledFunction why_disabled_;
     // Owners before what they own: the main window goes last.
     std::unique_ptr<MainWindow> main_;

@@ -36,9 +36,10 @@ const std::map<std::string, Folders> kMayInclude = {
     {"help", kLink},
     {"tool", Join(kLink, kTopics)},
     {"configuration", kTool},
-    {"console", Join(kTool, {"configuration"})},
-    {"cli", Join(kTool, {"configuration", "console"})},
-    {"forms", Join(kTool, {"configuration"})},
+    {"editing", Join(kTool, {"configuration"})},
+    {"console", Join(kTool, {"configuration", "editing"})},
+    {"cli", Join(kTool, {"configuration", "editing", "console"})},
+    {"forms", Join(kTool, {"configuration", "editing"})},
     {"host", {"text", "platform"}},
     {"unit", {"text", "simulation"}},
 };

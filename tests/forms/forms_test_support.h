@@ -56,11 +56,8 @@ class FormsTest : public testing::Test {
 
     VirtualPlatform world_;
     Tool tool_{world_.platform()};
-    Windows windows_{tool_.screen,
-                     tool_.hand,
-                     {tool_.main_form, tool_.login_form, tool_.confirm_form, tool_.help_form,
-                      tool_.script_edit_form},
-                     [](const Control& control) { return "because of " + control.name(); }};
+    Workbench bench_{tool_};
+    Windows windows_{bench_};
 };
 
 }  // namespace kestrane

@@ -212,10 +212,11 @@ TEST_F(MirrorTest, DisabledControlsTellWhy) {
         QApplication::sendEvent(&view, &event);
         return QToolTip::text();
     };
-    EXPECT_EQ(tip(network().cmdReadNetworkSettings), "because of cmdReadNetworkSettings");
+    EXPECT_EQ(tip(network().cmdReadNetworkSettings), "Connect to a unit first");
     EXPECT_EQ(tip(network().lblSnmpPort),
               "SNMP port is fixed at 161.\nA blank community string will disable SNMP port on "
-              "reset\n\nbecause of lblSnmpPort");
+              "reset\n\nConnect to a unit first");
+    EXPECT_TRUE(tip(network().txtOledTimeout).contains("From 0 to 2540 in steps of 10."));
 }
 
 TEST_F(MirrorTest, CtrlAloneShowsAndHidesTheDiagnostics) {

@@ -1,0 +1,140 @@
+#include "editing/configuration_files.h"
+
+#include "configuration/file.h"
+#include "configuration/screen_values.h"
+#include "macro/whole_file.h"
+
+namespace kestrane {
+namespace {
+
+// As the control of the setting would show it.
+std::string OnScreen(const Setting& setting, const SettingValue& value) {
+    if (const bool* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
+    if (const long* number = std::get_if<long>(&value)) return std::to_string(*number);
+    const std::string& text = std::get<std::string>(value);
+    return setting.kind == SettingKind::kHexByte && text.empty() ? "00" : text;
+}
+
+std::string Count(int count, const char* what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+// Nothing, or why a value of the file is not for the screen as it stands.
+std::string WhyLeftAlone(Workbench& bench, const Setting& setting) {
+    if (setting.IsMacro()) return "open the macro editor for it";
+    if (setting.read_only) return "read only";
+    if (!bench.pending.UnitValue(setting)) return "its tab was not read";
+    const Control* const control = ControlOf(bench.tool.main_form, setting);
+    if (!control) return "not on this unit";
+    if (control->base_name() == "chkPriv" && !(control->Enabled() && control->Visible())) {
+        return "the port lacks the right to change it";
+    }
+    return {};
+}
+
+std::optional<std::string> Load(const std::string& path, ConfigurationText& text) {
+    const FileContent file = ReadWholeFile(path);
+    if (file.error) return path + ": " + *file.error;
+    text = ReadConfiguration(file.content);
+    if (text.faults.empty()) return {};
+    std::string faults;
+    for (const FileFault& fault : text.faults) {
+        faults += (faults.empty() ? "" : "\n") + fault.Line(path);
+    }
+    return faults;
+}
+
+// What the file says otherwise than the screen.
+FileOutcome Differences(Workbench& bench, const std::string& path) {
+    FileOutcome outcome;
+    ConfigurationText text;
+    outcome.error = Load(path, text);
+    if (outcome.error) return outcome;
+    for (const Setting& setting : Settings()) {
+        const auto found = text.values.find(&setting);
+        if (found == text.values.end()) continue;
+        ++outcome.count;
+        if (std::string why = WhyLeftAlone(bench, setting); !why.empty()) {
+            outcome.left_alone.push_back({setting.key, std::move(why)});
+            continue;
+        }
+        const ShownValue shown = ValueOnScreen(bench.tool, setting, {});
+        if (shown.value && SameSetting(setting, *shown.value, found->second)) continue;
+        outcome.differences.push_back(
+            {&setting, ShownIn(bench.tool.main_form, setting), OnScreen(setting, found->second)});
+    }
+    return outcome;
+}
+
+std::string LeftAloneInWords(const FileOutcome& outcome) {
+    if (outcome.left_alone.empty()) return ".";
+    std::string text = ", " + std::to_string(outcome.left_alone.size()) + " left alone (" +
+                       outcome.left_alone.front().key + ": " + outcome.left_alone.front().why;
+    return text + (outcome.left_alone.size() > 1 ? ", ...)." : ").");
+}
+
+void Say(Workbench& bench, const FileOutcome& outcome, const std::string& text) {
+    if (outcome.error) {
+        bench.messages.Add(MessageKind::kFault,
+                           outcome.error->substr(0, outcome.error->find('\n')));
+    } else {
+        bench.messages.Add(outcome.left_alone.empty() ? MessageKind::kGood : MessageKind::kWarning,
+                           text + LeftAloneInWords(outcome));
+    }
+}
+
+}  // namespace
+
+// Twice, as setting one control may change another.
+FileOutcome OpenConfiguration(Workbench& bench, const std::string& path) {
+    FileOutcome outcome = Differences(bench, path);
+    bench.history.CanUndo();
+    for (int pass = 0; pass < 2; ++pass) {
+        for (const FileDifference& change : outcome.differences) {
+            ShowIn(bench.tool.main_form, *change.setting, change.in_file);
+        }
+    }
+    const int typed = static_cast<int>(outcome.differences.size());
+    Say(bench, outcome, "Opened " + path + ": " + Count(typed, "change"));
+    return outcome;
+}
+
+FileOutcome CompareConfiguration(Workbench& bench, const std::string& path) {
+    FileOutcome outcome = Differences(bench, path);
+    const int differ = static_cast<int>(outcome.differences.size());
+    Say(bench, outcome, "Compared with " + path + ": " + Count(differ, "difference"));
+    return outcome;
+}
+
+FileOutcome SaveConfiguration(Workbench& bench, const std::string& path) {
+    FileOutcome outcome;
+    SettingValues values;
+    LeftOut left_out;
+    for (const Setting* setting : EditableSettings()) {
+        if (!bench.pending.UnitValue(*setting)) continue;
+        const ShownValue shown = ValueOnScreen(bench.tool, *setting, {});
+        if (setting->secret) {
+            left_out[setting] = "secret";
+        } else if (shown.value) {
+            values[setting] = *shown.value;
+        } else {
+            left_out[setting] = shown.why_not;
+        }
+    }
+    if (values.empty()) {
+        outcome.error = "Not saved: no tab was read on this connection.";
+    } else {
+        const FirmwareTab& firmware = bench.tool.main_form.firmware;
+        const UnitFacts unit{firmware.lblType.Caption(), firmware.lblSerialNo.Caption(),
+                             firmware.lblRelayVersion.Caption(),
+                             firmware.lblDisplayVersion.Caption()};
+        if (const auto why = ReplaceFile(path, WriteConfiguration(unit, values, left_out))) {
+            outcome.error = path + ": " + *why;
+        }
+    }
+    outcome.count = static_cast<int>(values.size());
+    Say(bench, outcome, "Saved " + path + ": " + Count(outcome.count, "setting"));
+    return outcome;
+}
+
+}  // namespace kestrane

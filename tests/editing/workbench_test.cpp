@@ -1,0 +1,254 @@
+// Pending changes, undo and the messages, with the demo unit at the other end.
+
+#include "editing/workbench.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <random>
+
+#include "editing/configuration_files.h"
+#include "support/tool_on_line.h"
+
+namespace kestrane {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+struct Bench : ToolOnUnit {
+    Workbench bench{tool};
+
+    const Message& Last() const { return bench.messages.All().back(); }
+    std::string Changes() const {
+        std::string text;
+        for (const PendingChange& change : bench.pending.List()) {
+            text += change.setting->key + ": " + change.before + " -> " + change.now + "\n";
+        }
+        return text;
+    }
+};
+
+TEST(PendingChanges, HoldWhatWasTypedSinceTheReadUntilItIsWritten) {
+    Bench it;
+    it.Connect();
+    it.Click(it.network.cmdReadNetworkSettings);
+    const std::string name = it.network.txtUnitName.Text();
+    EXPECT_EQ(it.Changes(), "");
+    it.Type(it.network.txtUnitName, "Rack 7");
+    it.Click(it.network.chkIPonOLED);
+    EXPECT_EQ(it.bench.pending.Count(), 2u);
+    EXPECT_THAT(it.Changes(), HasSubstr("network.unit_name: " + name + " -> Rack 7\n"));
+    it.Click(it.network.cmdWriteNetworkSettings);
+    EXPECT_EQ(it.Changes(), "");
+    it.Type(it.network.txtUnitName, name);
+    EXPECT_EQ(it.Changes(), "network.unit_name: Rack 7 -> " + name + "\n");
+    it.bench.pending.RevertAll();
+    EXPECT_EQ(it.network.txtUnitName.Text(), "Rack 7");
+    it.Click(it.form.cmdDisconnect);
+    EXPECT_EQ(it.bench.pending.Count(), 0u);
+}
+
+TEST(PendingChanges, LeaveTheBlocksThatAWriteDidNotReach) {
+    Bench it;
+    it.ReadSettings();
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 3), std::nullopt);
+    it.Click(it.form.names.cmdReadChannelNames);
+    it.Type(it.form.names.txtOutUpper(0), "First");
+    it.Type(it.form.names.txtOutUpper(13), "Last");
+    EXPECT_EQ(it.bench.pending.Count(), 2u);
+    it.peer.line().PassNext(6);
+    it.peer.line().DropNext();
+    it.Click(it.form.names.cmdWriteChannelNames);
+    EXPECT_THAT(it.Last().text, HasSubstr("no answer"));
+    EXPECT_THAT(it.Last().text, HasSubstr("written before; one more was sent"));
+    EXPECT_THAT(it.Changes(), Not(HasSubstr("First")));
+    EXPECT_THAT(it.Changes(), HasSubstr("names.outlet.14.upper"));
+}
+
+TEST(Undo, GoesBackAVisitAtATimeWithTheRepairsThatLeavingMakes) {
+    Bench it;
+    it.ReadSettings();
+    const std::string before = it.network.txtOledTimeout.Text();
+    it.Type(it.network.txtOledTimeout, "55");
+    it.Type(it.network.txtUnitName, "Rack 7");
+    EXPECT_EQ(it.network.txtOledTimeout.Text(), "60");
+    it.Click(it.network.chkIPonOLED);
+    const bool hidden = it.network.chkIPonOLED.Checked();
+    EXPECT_TRUE(it.bench.Undo());
+    EXPECT_NE(it.network.chkIPonOLED.Checked(), hidden);
+    EXPECT_TRUE(it.bench.Undo());
+    EXPECT_NE(it.network.txtUnitName.Text(), "Rack 7");
+    EXPECT_EQ(it.network.txtOledTimeout.Text(), "60");
+    EXPECT_TRUE(it.bench.Undo());
+    EXPECT_EQ(it.network.txtOledTimeout.Text(), before);
+    EXPECT_FALSE(it.bench.Undo());
+    EXPECT_EQ(it.Changes(), "");
+    EXPECT_TRUE(it.bench.Redo());
+    EXPECT_EQ(it.network.txtOledTimeout.Text(), "60");
+}
+
+// A small model: what the unit holds, by key, and what was typed over it.
+class RandomOperator : public testing::TestWithParam<unsigned> {};
+
+TEST_P(RandomOperator, FindsChangesAndUndoAsTheModelHasThem) {
+    Bench it;
+    it.ReadSettings();
+    std::mt19937 random(GetParam());
+    TextBox* const boxes[] = {&it.network.txtUnitName, &it.network.txtUnitLocation,
+                              &it.network.txtSysContact, &it.network.txtCommunity};
+    const char* const keys[] = {"network.unit_name", "network.unit_location", "snmp.contact",
+                                "snmp.read_community"};
+    std::map<std::string, std::string> unit;
+    const auto learn = [&] {
+        for (int i = 0; i < 4; ++i) unit[keys[i]] = boxes[i]->Text();
+    };
+    learn();
+    for (int step = 0; step < 60; ++step) {
+        const int which = static_cast<int>(random() % 4);
+        switch (random() % 8) {
+            case 0:
+                it.bench.Undo();
+                break;
+            case 1:
+                it.bench.Redo();
+                break;
+            case 2:
+                it.Click(it.network.cmdWriteNetworkSettings);
+                learn();
+                break;
+            case 3:
+                it.bench.pending.Revert(*FindSetting(keys[which]));
+                break;
+            default:
+                it.Type(*boxes[which], "t" + std::to_string(random() % 5));
+        }
+        for (int i = 0; i < 4; ++i) {
+            EXPECT_EQ(it.bench.pending.Differs(*FindSetting(keys[i])),
+                      boxes[i]->Text() != unit[keys[i]])
+                << step << " " << keys[i];
+        }
+    }
+    it.Click(it.form.cmdDisconnect);
+    it.ReadSettings();
+    const std::string read = boxes[0]->Text();
+    for (int i = 0; i < 9; ++i) it.Type(*boxes[random() % 4], std::to_string(random() % 100));
+    while (it.bench.Undo()) {
+    }
+    EXPECT_EQ(it.Changes(), "");
+    EXPECT_EQ(boxes[0]->Text(), read);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomOperator, testing::Range(1u, 25u));
+
+TEST(Verify, SaysWhatTheUnitDidNotTakeAndKeepsWhatIsNotWritten) {
+    Bench it;
+    it.ReadSettings();
+    EXPECT_FALSE(it.bench.Verify());
+    it.Type(it.network.txtUnitName, "Rack 7");
+    it.Click(it.network.cmdWriteNetworkSettings);
+    it.Type(it.network.txtUnitLocation, "Not yet");
+    EXPECT_TRUE(it.bench.Verify());
+    EXPECT_THAT(it.Last().text, HasSubstr("read back as written"));
+    EXPECT_EQ(it.network.txtUnitLocation.Text(), "Not yet");
+}
+
+TEST(ConfigurationFiles, ComeBackAsPendingChangesThatUndoTakesBack) {
+    Bench it;
+    it.ReadSettings();
+    const std::string path = testing::TempDir() + "workbench_test.mdu.json";
+    const std::string name = it.network.txtUnitName.Text();
+    EXPECT_EQ(SaveConfiguration(it.bench, path).error, std::nullopt);
+    it.Type(it.network.txtUnitName, "Rack 7");
+    it.Click(it.network.chkIPonOLED);
+    EXPECT_EQ(CompareConfiguration(it.bench, path).differences.size(), 2u);
+    it.Click(it.network.cmdWriteNetworkSettings);
+    EXPECT_EQ(it.bench.pending.Count(), 0u);
+    const FileOutcome opened = OpenConfiguration(it.bench, path);
+    EXPECT_EQ(opened.differences.size(), 2u);
+    EXPECT_EQ(it.Changes().substr(0, it.Changes().find('\n')),
+              "network.unit_name: Rack 7 -> " + name);
+    EXPECT_TRUE(it.bench.Undo());
+    EXPECT_EQ(it.Changes(), "");
+    EXPECT_NE(OpenConfiguration(it.bench, path + ".none").error, std::nullopt);
+    std::filesystem::remove(path);
+}
+
+// One row for each way in which an exchange of an operation can end.
+TEST(Outcome, TellsTheTruthForEveryEnd) {
+    using End = Exchange::End;
+    using OperationEnd = OperationRecord::End;
+    struct Row {
+        End end;
+        OperationEnd operation;
+        int written;
+        MessageKind kind;
+        const char* says;
+    };
+    const Row rows[] = {
+        {End::kAccepted, OperationEnd::kComplete, 2, MessageKind::kGood,
+         "Written: Channel Names. Takes effect after Reset Ethernet Processor."},
+        {End::kRefused, OperationEnd::kStopped, 0, MessageKind::kWarning,
+         "Write Channel Names: denied on port C by its privileges. Nothing was written."},
+        {End::kRefused, OperationEnd::kStopped, 1, MessageKind::kWarning,
+         "Write Channel Names: denied on port C by its privileges. 1 block was written before."},
+        {End::kNoAnswer, OperationEnd::kStopped, 2, MessageKind::kFault,
+         "Write Channel Names: no answer from 10.0.0.7:1243 in 3 s. 2 blocks were written before; "
+         "one more was sent and its answer did not come. Disconnect and connect again."},
+        {End::kCorrupted, OperationEnd::kStopped, 0, MessageKind::kFault,
+         "Write Channel Names: the answers came back corrupted. No block was confirmed; one more "
+         "was sent and its answer did not come. Disconnect and connect again."},
+        {End::kLineLost, OperationEnd::kOvertaken, 5, MessageKind::kFault,
+         "Write Channel Names: the line was lost. 5 blocks were written before; one more was sent "
+         "and its answer did not come."},
+        {End::kNotSent, OperationEnd::kStopped, 0, MessageKind::kFault,
+         "Write Channel Names: there was no connection to send it on. Nothing was written."}};
+    for (const Row& row : rows) {
+        Journal journal;
+        const auto number = journal.BeginOperation("Write Channel Names", 1);
+        const auto exchange = [&](End end) {
+            Exchange one;
+            one.operation = number;
+            one.connection = 1;
+            one.command = 0x12;
+            one.address = 0x80;
+            one.count = 16;
+            const auto made = journal.BeginExchange(one);
+            if (end != End::kNotSent) journal.CountSent(made);
+            journal.EndExchange(made, end, "");
+        };
+        for (int i = 0; i < row.written; ++i) exchange(End::kAccepted);
+        if (row.end != End::kAccepted) exchange(row.end);
+        journal.EndOperation(number);
+        OperationRecord record = *journal.FindOperation(number);
+        record.end = row.operation;
+        const Message message = OutcomeOf(record, journal, "10.0.0.7:1243", "C", "3");
+        EXPECT_EQ(message.text, row.says);
+        EXPECT_EQ(message.kind, row.kind) << row.says;
+    }
+}
+
+TEST(FrameLog, SpeaksInWordsKeepsSecretsAndStaysSmall) {
+    Bench it;
+    it.ReadSettings();
+    bool name = false;
+    bool secret = false;
+    for (const LogLine& line : it.bench.log.Lines()) {
+        name |= line.words == "read display 0x0050, 16 bytes: accepted" && !line.bytes.empty();
+        secret |= line.words.starts_with("read display 0x02F0") && line.secret;
+    }
+    EXPECT_TRUE(name);
+    EXPECT_TRUE(secret);
+    Exchange poll;
+    poll.board = 250;
+    poll.command = 0x31;
+    poll.poll = true;
+    poll.end = Exchange::End::kAccepted;
+    const auto before = it.bench.log.Lines().size();
+    for (int i = 0; i < 86000; ++i) it.bench.log.ExchangeEnded(poll);
+    EXPECT_EQ(it.bench.log.Lines().size(), before + 1);
+    EXPECT_EQ(it.bench.log.Lines().back().times, 86000);
+}
+
+}  // namespace
+}  // namespace kestrane
