@@ -91,9 +91,14 @@ int Run(CallOptions& options, bool with_console) {
             if (windows.Grab(form.name(), path)) return {};
             return "no picture of " + form.name() + " could be saved as " + path;
         };
+        const auto where = [&windows](const Control& control) -> std::optional<std::array<int, 4>> {
+            const QRect place = windows.Where(control);
+            if (place.isEmpty()) return {};
+            return std::array<int, 4>{place.x(), place.y(), place.width(), place.height()};
+        };
         console = std::make_unique<Console>(
             tool, faces.scripted,
-            ConsoleOptions{[](const std::string& text) { WriteLine(stdout, text); }, grab,
+            ConsoleOptions{[](const std::string& text) { WriteLine(stdout, text); }, grab, where,
                            &bench});
         input = std::make_unique<InputLines>(
             STDIN_FILENO, [&console](const InputLine& line) { console->FeedLine(line.text); },

@@ -8,6 +8,7 @@
 // are states and not loops: they are looked at when events have been handled, so that an operation
 // goes on as soon as its own condition holds.
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -26,6 +27,8 @@ struct ConsoleOptions {
     std::function<void(const std::string& line)> write;
     // Saves a picture of the form; returns why it can't. Without it there are no pictures.
     std::function<std::optional<std::string>(Form&, const std::string& path)> grab;
+    // Where on the display a control is seen: x, y, width, height; nothing if it is not.
+    std::function<std::optional<std::array<int, 4>>(const Control&)> where = {};
     // Pending changes, undo and messages; null where there are none.
     Workbench* workbench = nullptr;
 };
@@ -102,6 +105,7 @@ class Console : public ScreenListener {
     void HandleOpen(const Words& words);
     void HandleSave(const Words& words);
     void HandleCompare(const Words& words);
+    void HandleWhere(const Words& words);
     void HandleHelp(const Words& words);
     void HandleQuit(const Words& words);
 

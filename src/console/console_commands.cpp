@@ -30,6 +30,7 @@ const Console::Row Console::kRows[] = {
     {"answer", 2, 2, "answer ok|cancel|yes|no",              &Console::HandleAnswer},
     {"file",   2, 2, "file PATH",                            &Console::HandleFile},
     {"grab",   3, 3, "grab FORM FILE",                       &Console::HandleGrab},
+    {"where",    2, 2, "where NAME",                         &Console::HandleWhere},
     {"changes",  1, 1, "changes",                            &Console::HandleChanges},
     {"undo",     1, 1, "undo",                               &Console::HandleUndo},
     {"redo",     1, 1, "redo",                               &Console::HandleRedo},
@@ -151,6 +152,16 @@ void Console::HandleGrab(const Words& words) {
     }
     const auto problem = options_.grab(*form, words[2].text);
     problem ? AnswerError(*problem) : AnswerOk();
+}
+
+void Console::HandleWhere(const Words& words) {
+    const FoundTarget found = names_.Find(words[1].text);
+    if (!found.target || !found.target->control) {
+        AnswerError(found.target ? "no control " + words[1].text : found.error);
+        return;
+    }
+    const auto place = options_.where ? options_.where(*found.target->control) : std::nullopt;
+    place ? AnswerValue(*place) : AnswerError(words[1].text + " can't be seen");
 }
 
 void Console::HandleHelp(const Words& /*words*/) {

@@ -88,7 +88,7 @@ void Say(Workbench& bench, const FileOutcome& outcome, const std::string& text) 
 // Twice, as setting one control may change another.
 FileOutcome OpenConfiguration(Workbench& bench, const std::string& path) {
     FileOutcome outcome = Differences(bench, path);
-    bench.history.CanUndo();
+    bench.history.Close();
     for (int pass = 0; pass < 2; ++pass) {
         for (const FileDifference& change : outcome.differences) {
             ShowIn(bench.tool.main_form, *change.setting, change.in_file);

@@ -23,15 +23,15 @@ void UndoHistory::Restart() {
 }
 
 void UndoHistory::Settle() {
-    Step step{{}, visited_};
+    Step step{{}, visited_, false};
     for (auto& [setting, seen] : seen_) {
         if (!pending_.UnitValue(*setting)) continue;
         std::string now = ShownIn(tool_.main_form, *setting);
         if (now == seen) continue;
         // A repair of what the visit before has typed, done when its control was left.
-        const bool repair = !done_.empty() && done_.back().values.contains(setting) &&
-                            done_.back().visited != visited_ &&
-                            ControlOf(tool_.main_form, *setting) != visited_;
+        const bool repair =
+            !done_.empty() && !done_.back().closed && done_.back().values.contains(setting) &&
+            done_.back().visited != visited_ && ControlOf(tool_.main_form, *setting) != visited_;
         if (repair) {
             done_.back().values[setting].after = now;
         } else {
@@ -52,7 +52,12 @@ void UndoHistory::FocusChanged(Form& form) {
 }
 
 void UndoHistory::OperationBegan(const OperationRecord& operation) {
-    if (IsWriteOperation(operation.name)) Settle();
+    if (IsWriteOperation(operation.name)) Close();
+}
+
+void UndoHistory::Close() {
+    Settle();
+    if (!done_.empty()) done_.back().closed = true;
 }
 
 bool UndoHistory::CanUndo() {

@@ -25,6 +25,8 @@ class UndoHistory : public ScreenListener, public JournalObserver {
     std::vector<std::string> Undo();
     std::vector<std::string> Redo();
     bool CanUndo();
+    // What comes now is a step of its own, whatever it changes.
+    void Close();
     bool CanRedo() const { return !undone_.empty(); }
 
     void FocusChanged(Form& form) override;
@@ -38,6 +40,7 @@ class UndoHistory : public ScreenListener, public JournalObserver {
     struct Step {
         std::map<const Setting*, Values> values;
         Control* visited = nullptr;
+        bool closed = false;  // takes no repair any more
     };
 
     // Closes the visit: what differs from the last time becomes a step.

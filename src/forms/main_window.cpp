@@ -142,6 +142,7 @@ FrameView* MainWindow::ProgressPanel() {
 QTabWidget* MainWindow::MakeTabs() {
     tabs_ = new QTabWidget;
     tabs_->setUsesScrollButtons(false);
+    tabs_->setAccessibleName(QStringLiteral("Settings of the unit"));
     for (const TabState& tab : form_.SSTab1.Tabs()) {
         auto* place = new QWidget;
         (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);

@@ -64,7 +64,7 @@ FrameView* ControlPorts(Mirror& mirror, NetworkTab& tab) {
         TextBoxView* number = mirror.Make(tab.txtTcpControlPort(port), kPortColumns);
         grid->addWidget(number, row, 2);
         // The message that a key is set is longer than a key.
-        TextBoxView* key = mirror.Make(tab.txtChaskey(port), 35);
+        TextBoxView* key = mirror.Make(tab.txtChaskey(port), 34);
         key->UseFixedPitch();
         grid->addWidget(key, row, 3);
         ButtonView* generate = mirror.Make(tab.cmdChaskeyGen(port));

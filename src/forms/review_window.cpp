@@ -10,7 +10,7 @@
 namespace kestrane {
 namespace {
 
-QString Shown(const PendingChange& change, const std::string& value) {
+QString TextOf(const PendingChange& change, const std::string& value) {
     return change.setting->secret ? QStringLiteral("(secret)") : ToQt(value);
 }
 
@@ -59,7 +59,7 @@ void ReviewWindow::Fill() {
     for (const PendingChange& change : bench_.pending.List()) {
         auto* item =
             new QTreeWidgetItem(list_, {QString::fromStdString(change.setting->key),
-                                        Shown(change, change.before), Shown(change, change.now)});
+                                        TextOf(change, change.before), TextOf(change, change.now)});
         item->setToolTip(0, QString::fromStdString(change.setting->doc));
     }
     if (list_->topLevelItemCount() > 0) list_->setCurrentItem(list_->topLevelItem(0));

@@ -15,7 +15,9 @@ QWidget* BuildTriggersPage(Mirror& mirror, TriggersTab& tab) {
     for (int i = 0; i < TriggersTab::kRows; ++i) {
         const std::string& caption = tab.lblMacro(i).Caption();
         AddField(mirror, grid, i + 1, 0, tab.lblMacro(i), tab.txtMTName(i), 16);
-        grid->addWidget(mirror.Make(tab.txtMTPage(i), 2), i + 1, 2);
+        TextBoxView* page_number = mirror.Make(tab.txtMTPage(i), 2);
+        page_number->setAccessibleName(QString::fromStdString(caption + " page"));
+        grid->addWidget(page_number, i + 1, 2);
         TextBoxView* address = mirror.Make(tab.txtMTAddress(i), 4);
         address->setAccessibleName(QString::fromStdString(caption + " address"));
         address->UseFixedPitch();

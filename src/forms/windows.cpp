@@ -63,6 +63,14 @@ bool Windows::Grab(const std::string& form, const std::string& path, QSize size)
     return window.grab().save(QString::fromStdString(path), "PNG");
 }
 
+QRect Windows::Where(const Control& control) const {
+    FormWindow* const window = Find(control.form());
+    const QWidget* const view = window ? window->mirror().WidgetOf(control) : nullptr;
+    if (!view || view->visibleRegion().isEmpty()) return {};
+    const QRect seen = view->visibleRegion().boundingRect();
+    return {view->mapToGlobal(seen.topLeft()), seen.size()};
+}
+
 void Windows::ControlChanged(Control& control, Property) {
     if (FormWindow* window = Find(control.form())) window->mirror().Changed(control);
 }

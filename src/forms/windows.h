@@ -29,6 +29,9 @@ class Windows : public ScreenListener {
     // in no size, is as large as all of it needs.
     bool Grab(const std::string& form, const std::string& path, QSize size = {});
 
+    // On the screen of the display; empty for a control that can't be seen now.
+    QRect Where(const Control& control) const;
+
     void ControlChanged(Control& control, Property property) override;
     void FocusChanged(Form& form) override;
     void FormShown(Form& form) override;

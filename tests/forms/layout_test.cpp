@@ -1,8 +1,13 @@
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QFont>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <set>
 
 #include "forms/look/look.h"
+#include "forms/look/spacing.h"
+#include "forms/look/style.h"
 #include "forms/progress.h"
 #include "forms/qt_dialogs.h"
 #include "forms_test_support.h"
@@ -67,6 +72,83 @@ TEST_F(LayoutTest, EveryControlHasAView) {
 
 TEST_F(LayoutTest, NothingIsCutOff) { WalkTabs(); }
 
+// With the longest texts in all boxes: within the window, and nowhere a way to scroll sideways.
+TEST_F(LayoutTest, EverythingFitsTheSmallestWindow) {
+    const auto fill = [](Form& filled) {
+        for (Control* control : filled.controls()) {
+            if (control->kind() != Kind::kTextBox) continue;
+            auto& box = static_cast<TextBox&>(*control);
+            box.SetText(std::string(static_cast<std::size_t>(std::max(box.MaxLength(), 3)), 'W'));
+        }
+    };
+    const auto expect_fits = [this](Form& shown) {
+        FormWindow& window = windows_.WindowOf(shown);
+        window.mirror().Refresh();
+        window.resize(kSmallestWidth, kSmallestHeight);
+        Settle();
+        window.grab();
+        EXPECT_LE(window.minimumSizeHint().width(), kSmallestWidth) << shown.name();
+        EXPECT_LE(window.minimumSizeHint().height(), kSmallestHeight) << shown.name();
+        for (const QScrollArea* area : window.findChildren<QScrollArea*>()) {
+            if (!area->isVisibleTo(&window) || !area->widget()) continue;
+            EXPECT_LE(area->widget()->minimumSizeHint().width(), area->viewport()->width())
+                << shown.name();
+        }
+        for (const Control* control : shown.controls()) {
+            if (control->kind() != Kind::kButton || !control->Showing()) continue;
+            const QWidget* view = window.mirror().WidgetOf(*control);
+            if (!view || !view->isVisibleTo(&window)) continue;
+            const QRect place(view->mapTo(&window, QPoint()), view->size());
+            EXPECT_GE(place.left(), 0) << control->name();
+            EXPECT_LE(place.right(), kSmallestWidth) << control->name();
+        }
+    };
+    fill(form());
+    for (int tab = 0; tab < 7; ++tab) {
+        SelectTab(tab);
+        expect_fits(form());
+    }
+    form().SetHeight(MainForm::kTallHeight);
+    expect_fits(form());
+    fill(tool_.script_edit_form);
+    for (Label& name : tool_.script_edit_form.lblDesi) name.SetCaption("WWWWWWWW");
+    expect_fits(tool_.script_edit_form);
+}
+
+TEST_F(LayoutTest, EveryControlHasANameAndARoleForScreenReaders) {
+    for (int tab = 0; tab < 8; ++tab) SelectTab(tab);
+    for (Form* walked : tool_.screen.forms()) {
+        const Mirror& views = windows_.WindowOf(*walked).mirror();
+        for (Control* control : walked->controls()) {
+            QWidget* view = views.WidgetOf(*control);
+            if (!view || !control->TakesFocus()) continue;
+            QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(view);
+            ASSERT_NE(seen, nullptr) << control->name();
+            EXPECT_NE(seen->role(), QAccessible::NoRole) << control->name();
+            EXPECT_FALSE(seen->text(QAccessible::Name).isEmpty() &&
+                         view->accessibleName().isEmpty())
+                << walked->name() << " " << control->name();
+        }
+    }
+}
+
+TEST_F(LayoutTest, NothingMovesWhenControlsAreDisabledOrDiagnosticsShown) {
+    SelectTab(0);
+    FormWindow& window = windows_.WindowOf(form());
+    window.resize(kSmallestWidth, kSmallestHeight);
+    Settle();
+    auto* page = window.findChild<QScrollArea*>();
+    page->verticalScrollBar()->setValue(20);
+    const int scrolled = page->verticalScrollBar()->value();
+    View(form().network.chkArmEnable).setFocus(Qt::TabFocusReason);
+    for (Control* control : form().controls()) {
+        if (control->kind() == Kind::kFrame) control->SetEnabled(false);
+    }
+    Settle();
+    EXPECT_EQ(page->verticalScrollBar()->value(), scrolled);
+    EXPECT_EQ(window.size(), QSize(kSmallestWidth, kSmallestHeight));
+}
+
 TEST(LargeFontLayout, NothingIsCutOff) {
     const QFont usual = QApplication::font();
     QFont large = usual;
@@ -98,6 +180,17 @@ TEST(Look, ColoursCanBeReadOnLightAndDark) {
                 }
             }
         }
+        for (const auto role : {QPalette::Base, QPalette::Window}) {
+            EXPECT_GE(Contrast(OutlineColour(normal, true), normal.color(role)), 3.0);
+        }
+        EXPECT_LT(Contrast(OutlineColour(normal, false), normal.color(QPalette::Window)),
+                  Contrast(OutlineColour(normal, true), normal.color(QPalette::Window)));
+        for (const auto& colour : {GoodColour, WarningColour, FaultColour}) {
+            EXPECT_GE(Contrast(colour(normal), normal.color(QPalette::Window)), 4.5);
+        }
+        const QPalette primary = PrimaryPalette(normal);
+        EXPECT_GE(Contrast(primary.color(QPalette::ButtonText), primary.color(QPalette::Button)),
+                  4.5);
         // Red stays red.
         EXPECT_GT(LabelPalette(normal, kRed, {}).color(QPalette::WindowText).hslSaturationF(), 0.5);
     }

@@ -67,7 +67,7 @@ QColor OutlineColour(const QPalette& palette, bool enabled) {
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
     const bool dark = IsDark(palette);
     if (!enabled) return dark ? window.lighter(160) : window.darker(125);
-    return dark ? QColor(0x83, 0x8B, 0x96) : QColor(0x7F, 0x86, 0x90);
+    return dark ? QColor(0x83, 0x8B, 0x96) : QColor(0x74, 0x7B, 0x85);
 }
 
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
