@@ -26,7 +26,7 @@ QHBoxLayout* Value(Mirror& mirror, TextBox& box, ScrollBar& bar, const QString& 
 
 // Live and startup values stand in the same columns in every group.
 void SetColumns(QGridLayout* grid, const QWidget& widget) {
-    const int width = widget.fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 6 * kGap;
+    const int width = widget.fontMetrics().horizontalAdvance(QStringLiteral("0000000")) + 5 * kGap;
     grid->setColumnMinimumWidth(0, width);
     grid->setColumnMinimumWidth(1, width);
     grid->setColumnStretch(2, 1);
