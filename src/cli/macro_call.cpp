@@ -4,7 +4,6 @@
 
 #include "cli/macro_offline.h"
 #include "cli/macro_transfer.h"
-#include "macro/whole_file.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -47,7 +46,7 @@ class MacroCall : public Call {
     }
 
     // Reads the file of all but a download, so that nothing is sent for one that can't be used.
-    std::string Check(Tool& /*tool*/) override {
+    std::string Check(Tool& tool) override {
         if (!ParseUnitType(options_.type)) {
             return "--type takes CMS, 636 or single, not \"" + options_.type + "\"";
         }
@@ -59,13 +58,14 @@ class MacroCall : public Call {
         if (kind_ == Kind::kSimulate) {
             if (std::string fault = SimulationOptionsFault(options_); !fault.empty()) return fault;
         }
+        FileStore& disk = tool.link.platform().disk;
         if (kind_ == Kind::kDownload) {
-            const auto why = WhyNotWritable(options_.file);
+            const auto why = disk.WhyNotWritable(options_.file);
             return why ? "cannot save " + options_.file + ": " + *why : std::string();
         }
-        FileContent file = ReadWholeFile(options_.file);
+        FileStore::Content file = disk.Read(options_.file);
         if (file.error) return "cannot read " + options_.file + ": " + *file.error;
-        content_ = std::move(file.content);
+        content_ = std::move(file.bytes);
         return {};
     }
 

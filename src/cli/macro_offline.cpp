@@ -6,7 +6,6 @@
 #include "macro/macro_check.h"
 #include "macro/macro_file.h"
 #include "macro/timeline.h"
-#include "macro/whole_file.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -38,7 +37,8 @@ int Deliver(const CallContext& context, const std::string& output, std::string c
         context.print(content);
         return kExitDone;
     }
-    if (const auto why = ReplaceFile(output, content)) {
+    FileStore& disk = context.tool.link.platform().disk;
+    if (const auto why = disk.Replace(output, content, FileStore::Readers::kEveryone)) {
         context.complain("cannot write " + output + ": " + *why);
         return kExitUsage;
     }

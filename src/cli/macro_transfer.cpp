@@ -5,7 +5,6 @@
 #include "link/frame.h"
 #include "macro/instruction_reader.h"
 #include "macro/macro_file.h"
-#include "macro/whole_file.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -123,7 +122,8 @@ class Download : public MacroTransfer {
                 ") can't be kept in a macro file; change it in the unit, nothing was saved");
         }
         if (!again.Good()) return Fail("the file would not read back; nothing was saved");
-        if (const auto why = ReplaceFile(file, content)) {
+        FileStore& disk = tool_.link.platform().disk;
+        if (const auto why = disk.Replace(file, content, FileStore::Readers::kEveryone)) {
             return Fail("cannot save " + file + ": " + *why);
         }
         context_.print("saved the unit's program in " + file);

@@ -4,7 +4,6 @@
 
 #include "configuration/screen_values.h"
 #include "link/frame.h"
-#include "macro/whole_file.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -13,9 +12,8 @@ namespace {
 using Result = ApplyReport::Result;
 
 bool MatchesAny(const Setting& setting, const std::vector<std::string>& prefixes) {
-    return std::any_of(prefixes.begin(), prefixes.end(), [&](const std::string& prefix) {
-        return KeyMatches(setting.key, prefix);
-    });
+    return std::any_of(prefixes.begin(), prefixes.end(),
+                       [&](const std::string& prefix) { return KeyMatches(setting.key, prefix); });
 }
 
 bool IsOn(const Setting& setting, const TabRow& tab) {
@@ -273,9 +271,10 @@ class Application {
         if (request_.undo_file.empty()) return {};
         SettingValues values;
         LeftOut left_out;
-        const FileContent old = ReadWholeFile(request_.undo_file);
+        FileStore& disk = tool_.link.platform().disk;
+        const FileStore::Content old = disk.Read(request_.undo_file);
         if (!old.error) {
-            const ConfigurationText text = ReadConfiguration(old.content);
+            const ConfigurationText text = ReadConfiguration(old.bytes);
             if (!text.faults.empty()) {
                 return text.faults.front().Line(request_.undo_file) +
                        "; it is not an undo file, nothing was written";
@@ -292,8 +291,8 @@ class Application {
         }
         for (const auto& row : values) secret = secret || row.first->secret;
         const auto fault =
-            ReplaceFile(request_.undo_file, WriteConfiguration({}, values, left_out),
-                        secret ? FileAccess::kOwnerOnly : FileAccess::kAsBefore);
+            disk.Replace(request_.undo_file, WriteConfiguration({}, values, left_out),
+                         secret ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
         if (!fault) return {};
         return "cannot write " + request_.undo_file + ": " + *fault + "; nothing was written";
     }
@@ -410,11 +409,10 @@ class Application {
     }
 
     bool WasSent(const TabRow& tab) const {
-        return std::any_of(report_.changes.begin(), report_.changes.end(),
-                           [&](const SettingChange& change) {
-                               return IsOn(*change.setting, tab) &&
-                                      change.state != SettingState::kNotBegun;
-                           });
+        return std::any_of(
+            report_.changes.begin(), report_.changes.end(), [&](const SettingChange& change) {
+                return IsOn(*change.setting, tab) && change.state != SettingState::kNotBegun;
+            });
     }
 
     bool ReadAgain(const TabRow& tab) {
@@ -426,8 +424,7 @@ class Application {
     void Verify(const TabRow& tab) {
         for (SettingChange& change : report_.changes) {
             if (!IsOn(*change.setting, tab) || change.state == SettingState::kNotBegun) continue;
-            const ShownValue shown =
-                ValueOnScreen(tool_, *change.setting, session_.Program());
+            const ShownValue shown = ValueOnScreen(tool_, *change.setting, session_.Program());
             change.reads = shown.value;
             if (!shown.value) {
                 change.state = SettingState::kUnverified;
@@ -449,8 +446,8 @@ class Application {
     }
 
     void Reset() {
-        const bool wanted = ChangesBlocksOf(*FindTab("network")) ||
-                            ChangesBlocksOf(*FindTab("names"));
+        const bool wanted =
+            ChangesBlocksOf(*FindTab("network")) || ChangesBlocksOf(*FindTab("names"));
         if (!wanted || !session_.SelectTab(*FindTab("network"))) return;
         if (auto refusal = tool_.hand.Click(tool_.main_form.network.cmdResetEthernet)) {
             report_.error = "Reset Ethernet Processor: " + *refusal;
@@ -516,9 +513,9 @@ const char* ResultInWords(ApplyReport::Result result) {
 }
 
 int ApplyReport::CountOf(SettingState state) const {
-    return static_cast<int>(std::count_if(
-        changes.begin(), changes.end(),
-        [&](const SettingChange& change) { return change.state == state; }));
+    return static_cast<int>(
+        std::count_if(changes.begin(), changes.end(),
+                      [&](const SettingChange& change) { return change.state == state; }));
 }
 
 int ApplyReport::Failed() const {
@@ -549,9 +546,8 @@ Backup ReadBackup(UnitSession& session, bool with_secrets) {
         if (!missing && !network && !session.Read(tab)) return fail();
         for (const Setting& setting : Settings()) {
             if (!IsOn(setting, tab)) continue;
-            const ShownValue shown =
-                missing ? ShownValue{{}, "not on this unit"}
-                        : ValueOnScreen(tool, setting, session.Program());
+            const ShownValue shown = missing ? ShownValue{{}, "not on this unit"}
+                                             : ValueOnScreen(tool, setting, session.Program());
             if (setting.secret && !with_secrets && shown.value) {
                 backup.left_out[&setting] = "secret";
             } else if (shown.value) {

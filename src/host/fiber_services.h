@@ -3,6 +3,7 @@
 // The services of one tool among many in one process: as HostServices, but what happens to them
 // comes as events of the tool's own fiber. A QCoreApplication must exist first.
 
+#include "host/disk.h"
 #include "host/fiber_loop.h"
 #include "host/qt_http_reader.h"
 #include "host/qt_services.h"
@@ -47,7 +48,7 @@ class FiberServices : public Lane {
     FiberServices& operator=(const FiberServices&) = delete;
 
     Platform With(MessageBoxes& boxes, FileDialogs& files, Sound& sound) override {
-        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound};
+        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound, disk};
     }
     void Start(std::function<int()> task, std::function<void(int)> on_end) override {
         loop.Start(std::move(task), std::move(on_end));
@@ -62,6 +63,7 @@ class FiberServices : public Lane {
     FiberHttpReader http{loop};
     QtClock clock;
     QtRandom random;
+    Disk disk;
 };
 
 }  // namespace kestrane

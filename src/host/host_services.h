@@ -3,6 +3,7 @@
 // The services that need no display, in one place. A program adds its boxes, its file dialogs and
 // its sound, and has a whole Platform. A QCoreApplication must exist first.
 
+#include "host/disk.h"
 #include "host/qt_event_loop.h"
 #include "host/qt_http_reader.h"
 #include "host/qt_services.h"
@@ -19,7 +20,7 @@ struct HostServices {
     HostServices& operator=(const HostServices&) = delete;
 
     Platform With(MessageBoxes& boxes, FileDialogs& files, Sound& sound) {
-        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound};
+        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound, disk};
     }
 
     QtEventLoop loop;
@@ -28,6 +29,7 @@ struct HostServices {
     QtHttpReader http;
     QtClock clock;
     QtRandom random;
+    Disk disk;
     TerminalSound terminal_sound;
 };
 

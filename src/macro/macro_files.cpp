@@ -1,6 +1,5 @@
 #include "macro/macro_files.h"
 
-#include "macro/whole_file.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -83,9 +82,9 @@ TriggerRow MacroFiles::Row(int row) const {
 std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
     TriggerRows rows;
     for (int i = 0; i < kTriggerRows; ++i) rows[static_cast<std::size_t>(i)] = Row(i);
-    const std::string content =
-        WriteMacroFile(NearestByteText(NameWithoutFolders(path)), rows, state_.image, session_.UnitType);
-    if (const auto reason = ReplaceFile(path, content)) {
+    const std::string content = WriteMacroFile(NearestByteText(NameWithoutFolders(path)), rows,
+                                               state_.image, session_.UnitType);
+    if (const auto reason = platform_.disk.Replace(path, content, FileStore::Readers::kEveryone)) {
         return Fault{"File Error.", "Cannot save " + NearestByteText(path) + ": " + *reason + "."};
     }
     for (int i = 0; i < kTriggerRows; ++i) {
@@ -96,17 +95,18 @@ std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
 
 // What was stored before a fault stays, so each text warns against an upload.
 std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
-    const FileContent file = ReadWholeFile(path);
+    const FileStore::Content file = platform_.disk.Read(path);
     if (file.error) {
-        return Fault{"File Error.", "Cannot read " + NearestByteText(path) + ": " + *file.error + "."};
+        return Fault{"File Error.",
+                     "Cannot read " + NearestByteText(path) + ": " + *file.error + "."};
     }
     Importer importer(main_form_.triggers, session_, state_);
-    const MacroFileResult result = ReadMacroFile(file.content, importer);
+    const MacroFileResult result = ReadMacroFile(file.bytes, importer);
     switch (result.outcome) {
         case MacroFileResult::Outcome::kOk:
             return {};
         case MacroFileResult::Outcome::kEndsEarly:
-            return Fault{"File Error.", NearestByteText(path) + " ends early, behind line" +
+            return Fault{"File Error.", NearestByteText(path) + " ends early, after line" +
                                             Str(result.line) + "." + kWarning};
         case MacroFileResult::Outcome::kTriggerChecksum:
         case MacroFileResult::Outcome::kCodeChecksum:

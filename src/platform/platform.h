@@ -4,6 +4,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/file_store.h"
 #include "platform/http_reader.h"
 #include "platform/services.h"
 #include "platform/tcp_client.h"
@@ -21,6 +22,7 @@ struct Platform {
     Clock& clock;
     Random& random;
     Sound& sound;
+    FileStore& disk;
 };
 
 }  // namespace kestrane

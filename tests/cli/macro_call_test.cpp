@@ -2,16 +2,11 @@
 
 #include "cli/macro_call.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
-#include <filesystem>
-#include <fstream>
 
 #include "cli/macro_options.h"
 #include "console/console_test_support.h"
 #include "macro/macro_file.h"
-#include "macro/whole_file.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -21,8 +16,6 @@ using Words = std::vector<std::string>;
 
 class MacroCallTest : public testing::Test, protected ScriptedTool {
   protected:
-    ~MacroCallTest() override { std::filesystem::remove(file); }
-
     int Run(Words words) {
         CLI::App app;
         CallOptions options;
@@ -51,7 +44,7 @@ class MacroCallTest : public testing::Test, protected ScriptedTool {
             return ended.status;
         }
     }
-    void WriteFile(const std::string& content) { std::ofstream(file, std::ios::binary) << content; }
+    void WriteFile(const std::string& content) { world.disk.files[file] = content; }
     // A standard file with these two bytes at each address.
     static std::string FileOf(std::uint8_t opcode, std::uint8_t second) {
         TriggerRows triggers;
@@ -65,9 +58,7 @@ class MacroCallTest : public testing::Test, protected ScriptedTool {
     }
     std::string UnitProgram() { return peer.unit().Relay().Read(0x20, 224); }
 
-    const std::string file = (std::filesystem::temp_directory_path() /
-                              ("kestrane_call_" + std::to_string(::getpid()) + ".sms"))
-                                 .string();
+    const std::string file = "program.sms";
     UnitPeer peer{world.tcpsend, world.time};
     Words printed;
     Words complaints;
@@ -112,11 +103,12 @@ TEST_F(MacroCallTest, ChecksFilesAndSource) {
 
 TEST_F(MacroCallTest, AssemblesWhatSaveFileWouldWrite) {
     const std::string source = file + ".txt";
-    std::ofstream(source) << "trigger 2 \"Caf\xC3\xA9\" enabled on\nstart: Stop\n"
-                             "on: SUPPLY LOSS INT start\n";
+    world.disk.files[source] =
+        "trigger 2 \"Caf\xC3\xA9\" enabled on\nstart: Stop\n"
+        "on: SUPPLY LOSS INT start\n";
     for (const auto& [type, unit_type] : {std::pair("cms", "CMS"), {"Single", ""}}) {
         EXPECT_EQ(Run({"assemble", source, "--type", type, "-o", file}), kExitDone);
-        const std::string assembled = ReadWholeFile(file).content;
+        const std::string assembled = world.disk.files[file];
         const ProgramText text = ReadProgramText(assembled);
         ASSERT_TRUE(text.Good());
         tool.session.UnitType = unit_type;
@@ -130,16 +122,15 @@ TEST_F(MacroCallTest, AssemblesWhatSaveFileWouldWrite) {
         }
         EXPECT_EQ(tool.main_form.triggers.txtMTName(1).Text(), "Caf\xE9");
         EXPECT_FALSE(tool.macro_editor.files().Save(file));
-        EXPECT_EQ(ReadWholeFile(file).content, assembled);
+        EXPECT_EQ(world.disk.files[file], assembled);
         EXPECT_EQ(Run({"disassemble", file}), kExitDone);
         EXPECT_NE(printed.back().find("trigger 2 \"Caf\xC3\xA9\" enabled"), std::string::npos);
     }
-    std::ofstream(source) << "OFF 15 1\n";
-    std::filesystem::remove(file);
+    world.disk.files[source] = "OFF 15 1\n";
+    world.disk.files.erase(file);
     EXPECT_EQ(Run({"assemble", source, "-o", file}), kExitUsage);
-    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_FALSE(world.disk.files.contains(file));
     EXPECT_EQ(Run({"assemble", source, "-o", source}), kExitUsage);
-    std::filesystem::remove(source);
 }
 
 TEST_F(MacroCallTest, SimulatesAndSaysWhatAValueIsNot) {
@@ -219,7 +210,7 @@ TEST_F(MacroCallTest, TheExamplesAreSoundAndDoWhatTheySay) {
 TEST_F(MacroCallTest, MovesAProgramDownAndUp) {
     const std::string before = UnitProgram();
     EXPECT_EQ(Run({"download", file}), kExitDone) << complaints.size();
-    const ProgramText saved = ReadProgramText(ReadWholeFile(file).content);
+    const ProgramText saved = ReadProgramText(world.disk.files[file]);
     ASSERT_TRUE(saved.Good());
     for (std::size_t i = 0; i < before.size(); ++i) {
         EXPECT_EQ(saved.program.image.Get(i + 32), static_cast<std::uint8_t>(before[i]));
@@ -277,14 +268,14 @@ TEST_F(MacroCallTest, TouchesNothingForABadFileOrARefusal) {
     peer.line().DropNext(100);
     WriteFile("old");
     EXPECT_EQ(Run({"download", file}), kExitUnit);
-    EXPECT_EQ(ReadWholeFile(file).content, "old");
+    EXPECT_EQ(world.disk.files[file], "old");
 }
 
 TEST_F(MacroCallTest, AnUnnamedTriggerGetsANameAndAnImpossibleOneIsRefused) {
     peer.unit().Display().Write(0x200, std::string(14, ' '));
     EXPECT_EQ(Run({"download", file}), kExitDone);
     EXPECT_NE(complaints.back().find("trigger 1 has no name"), std::string::npos);
-    const ProgramText saved = ReadProgramText(ReadWholeFile(file).content);
+    const ProgramText saved = ReadProgramText(world.disk.files[file]);
     ASSERT_TRUE(saved.Good());
     EXPECT_EQ(saved.program.triggers[0]->row.name, "Macro 1");
     tool.hand.Click(tool.main_form.cmdDisconnect);
@@ -292,7 +283,7 @@ TEST_F(MacroCallTest, AnUnnamedTriggerGetsANameAndAnImpossibleOneIsRefused) {
     peer.unit().Display().Set(0x21E, 12);  // the page of trigger 2
     EXPECT_EQ(Run({"download", file}), kExitUnit);
     EXPECT_NE(complaints.back().find("trigger 2"), std::string::npos);
-    EXPECT_EQ(ReadWholeFile(file).content, "old");
+    EXPECT_EQ(world.disk.files[file], "old");
 }
 
 // Each fault of the line at a block of the transfer: the status, the block and what the unit holds.

@@ -1,18 +1,7 @@
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <filesystem>
-#include <fstream>
-
 #include "editor_test_support.h"
-#include "macro/whole_file.h"
 
 namespace kestrane {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr char kTriggersChanged[] =
     "Upload Macro Triggers?|The Macro Triggers have been changed by the SMS import.\r\nPlease "
@@ -21,7 +10,6 @@ constexpr char kTriggersChanged[] =
 class MacroFilesTest : public testing::Test, public OfflineEditor {
   protected:
     MacroFilesTest() {
-        fs::create_directory(folder);
         for (int row = 0; row < TriggersTab::kRows; ++row) {
             const std::string address = HexByte(static_cast<std::uint8_t>(0x10 + row));
             form.triggers.txtMTName(row).SetText("Trigger" + address.substr(1));
@@ -30,10 +18,7 @@ class MacroFilesTest : public testing::Test, public OfflineEditor {
             form.triggers.chkMacro(row).SetChecked(row % 2 == 0);
         }
     }
-    ~MacroFilesTest() override { fs::remove_all(folder); }
-
-    std::string Path(const std::string& name) const { return (folder / name).string(); }
-    static std::string Content(const std::string& path) { return ReadWholeFile(path).content; }
+    std::string& Content(const std::string& path) { return world.disk.files[path]; }
     void Save(const std::string& path) {
         world.files.Choose(path);
         Click(editor.cmdSaveFile);
@@ -45,13 +30,6 @@ class MacroFilesTest : public testing::Test, public OfflineEditor {
     void FillImage() {
         for (std::size_t i = 0; i < 512; ++i) state.image.Set(i, static_cast<std::uint8_t>(3 * i));
     }
-    std::size_t FilesInFolder() const {
-        return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
-
-    const fs::path folder =
-        fs::temp_directory_path() / ("kestrane_files_" + std::to_string(::getpid()));
 };
 
 TEST_F(MacroFilesTest, SavesWhatLoadsBackWhole) {
@@ -59,18 +37,18 @@ TEST_F(MacroFilesTest, SavesWhatLoadsBackWhole) {
         FillImage();
         const MacroMemory image = state.image;
         SetChecked(editor.chkTrace, true);
-        Save(Path("program.sms"));
+        Save("program.sms");
         EXPECT_FALSE(editor.chkTrace.Checked());
         EXPECT_TRUE(editor.timUpdate.Enabled());
         EXPECT_EQ(form.triggers.txtMTName(0).Text(), "Trigger0      ");
         EXPECT_TRUE(state.image == image);
-        const std::string content = Content(Path("program.sms"));
+        const std::string content = Content("program.sms");
         EXPECT_EQ(content.substr(0, content.find("\r\n")),
                   "'Kestrane Version 3 macro file - program.sms");
 
         Click(editor.cmdClearMem);
         SetChecked(editor.chkTrace, true);
-        Load(Path("program.sms"));
+        Load("program.sms");
         EXPECT_FALSE(editor.chkTrace.Checked());
         for (std::size_t i = 32; i < 256; ++i) EXPECT_EQ(state.image.Get(i), image.Get(i));
         EXPECT_EQ(state.image.Get(0), 0);
@@ -92,7 +70,7 @@ TEST_F(MacroFilesTest, SavesWhatLoadsBackWhole) {
         Click(editor.cmdSaveFile);
         Click(editor.cmdLoadFile);
         EXPECT_TRUE(world.boxes.shown().empty());
-        EXPECT_EQ(FilesInFolder(), 1u);
+        EXPECT_EQ(world.disk.files.size(), 1u);
     });
     EXPECT_TRUE(world.boxes.shown().empty());
 }
@@ -102,12 +80,12 @@ TEST_F(MacroFilesTest, TellsOfImportedTriggersWhenTheEditorCloses) {
         form.triggers.txtMTAddress(3).SetText("7F");
         form.triggers.txtMTAddress(5).SetText("00");
         form.triggers.chkMacro(5).SetChecked(true);
-        Save(Path("a.sms"));
+        Save("a.sms");
         form.triggers.txtMTName(7).SetText("other");
-        Load(Path("a.sms"));
+        Load("a.sms");
         EXPECT_TRUE(session.MacroTriggersChanged);
         // A second, equal import leaves it so.
-        Load(Path("a.sms"));
+        Load("a.sms");
         EXPECT_TRUE(session.MacroTriggersChanged);
         EXPECT_FALSE(form.triggers.cmdWriteMacroTriggers.Enabled());
     });
@@ -126,14 +104,14 @@ TEST_F(MacroFilesTest, TellsOfImportedTriggersWhenTheEditorCloses) {
 TEST_F(MacroFilesTest, StopsAtAChecksumFaultAndKeepsWhatCameBefore) {
     InEditor([&] {
         FillImage();
-        Save(Path("a.sms"));
-        std::string content = Content(Path("a.sms"));
+        Save("a.sms");
+        std::string content = Content("a.sms");
         // The first code line is line 12; the row before it holds.
         const auto line12 = content.find("'Macro Code\r\n") + 13;
         content[line12 + 81 + 3] ^= 1;
-        std::ofstream(Path("bad.sms"), std::ios::binary) << content;
+        Content("bad.sms") = content;
         Click(editor.cmdClearMem);
-        Load(Path("bad.sms"));
+        Load("bad.sms");
         EXPECT_EQ(LastBox(),
                   "Checksum Error.|Checksum Error importing Macro Code at line 13.\r\nImport "
                   "aborted. Please do not upload to unit.");
@@ -142,90 +120,44 @@ TEST_F(MacroFilesTest, StopsAtAChecksumFaultAndKeepsWhatCameBefore) {
         EXPECT_EQ(editor.lblMem1(0).Caption(), "60");
         // A trigger without a name is saved but does not load.
         form.triggers.txtMTName(1).SetText("");
-        Save(Path("unnamed.sms"));
-        Load(Path("unnamed.sms"));
+        Save("unnamed.sms");
+        Load("unnamed.sms");
         EXPECT_EQ(LastBox(),
                   "Checksum Error.|Checksum Error importing Macro Triggers at line 4.\r\nImport "
                   "aborted. Please do not upload to unit.");
     });
 }
 
-TEST_F(MacroFilesTest, TellsWhyAFileCannotBeRead) {
+TEST_F(MacroFilesTest, TellsWhyAFileCannotBeReadOrSaved) {
     InEditor([&] {
         FillImage();
         const MacroMemory image = state.image;
-        std::ofstream(Path("short.sms")) << "AB\r\nCD\r\n";
-        const auto expect = [&](const std::string& path, const std::string& reason) {
-            Load(path);
-            EXPECT_EQ(LastBox(), "File Error.|Cannot read " + path + ": " + reason + ".");
-            EXPECT_TRUE(state.image == image);
-        };
-        expect(Path("none.sms"), "No such file or directory");
-        expect(folder.string(), "Is a directory");
-        expect("/dev/zero", "File too large");
-        Load(Path("short.sms"));
-        EXPECT_EQ(LastBox(), "File Error.|" + Path("short.sms") +
-                                 " ends early, behind line 2.\r\nImport aborted. Please do not "
-                                 "upload to unit.");
+        Load("none.sms");
+        EXPECT_EQ(LastBox(), "File Error.|Cannot read none.sms: No such file or directory.");
+        EXPECT_TRUE(state.image == image);
+        Content("short.sms") = "AB\r\nCD\r\n";
+        Load("short.sms");
+        EXPECT_EQ(LastBox(),
+                  "File Error.|short.sms ends early, after line 2.\r\nImport aborted. Please do "
+                  "not upload to unit.");
         EXPECT_EQ(state.image.Get(0), 0xAB);
         EXPECT_EQ(state.image.Get(1), 0xCD);
         EXPECT_EQ(state.image.Get(2), image.Get(2));
-        // A pipe without a writer ends at once.
-        ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
-        Load(Path("pipe"));
-        EXPECT_EQ(world.boxes.shown().size(), 5u);
-    });
-}
 
-TEST_F(MacroFilesTest, KeepsTheOldFileUntilTheNewOneIsComplete) {
-    InEditor([&] {
-        Save(Path("a.sms"));
-        const std::string old = Content(Path("a.sms"));
-        fs::create_symlink(Path("a.sms"), Path("link.sms"));
-        fs::permissions(Path("a.sms"), fs::perms::owner_read | fs::perms::owner_write);
         form.triggers.txtMTName(2).SetText("unpadded");
-        FillImage();
-
-        // The disk is full behind the first 4,000 bytes.
-        rlimit before{};
-        getrlimit(RLIMIT_FSIZE, &before);
-        rlimit small = before;
-        small.rlim_cur = 4000;
-        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-        setrlimit(RLIMIT_FSIZE, &small);
-        Save(Path("link.sms"));
-        setrlimit(RLIMIT_FSIZE, &before);
-        std::signal(SIGXFSZ, handler);
-        EXPECT_EQ(LastBox(), "File Error.|Cannot save " + Path("link.sms") + ": File too large.");
-        EXPECT_EQ(Content(Path("a.sms")), old);
-        EXPECT_EQ(FilesInFolder(), 2u);
+        world.disk.faults["full.sms"] = "No space left on device";
+        Save("full.sms");
+        EXPECT_EQ(LastBox(), "File Error.|Cannot save full.sms: No space left on device.");
         EXPECT_EQ(form.triggers.txtMTName(2).Text(), "unpadded");
-
-        Save(Path("link.sms"));
-        EXPECT_NE(Content(Path("a.sms")), old);
-        EXPECT_TRUE(fs::is_symlink(Path("link.sms")));
-        EXPECT_EQ(fs::status(Path("a.sms")).permissions(),
-                  fs::perms::owner_read | fs::perms::owner_write);
-        EXPECT_EQ(form.triggers.txtMTName(2).Text(), "unpadded      ");
-
-        const auto expect = [&](const std::string& path, const std::string& reason) {
-            Save(path);
-            EXPECT_EQ(LastBox(), "File Error.|Cannot save " + path + ": " + reason + ".");
-        };
-        expect(folder.string(), "Is a directory");
-        expect(Path("no/folder.sms"), "No such file or directory");
-        expect("/dev/full", "No space left on device");
-        EXPECT_EQ(FilesInFolder(), 2u);
     });
 }
 
 TEST_F(MacroFilesTest, ShowsAPathInItsOwnCharacters) {
     InEditor([&] {
-        Load(Path("gr\xC3\xBC\xC3\x9F\xE2\x82\xAC.sms"));
-        EXPECT_EQ(LastBox(), "File Error.|Cannot read " + Path("gr\xFC\xDF?.sms") +
-                                 ": No such file or directory.");
-        Save(Path("gr\xC3\xBC.sms"));
-        const std::string content = Content(Path("gr\xC3\xBC.sms"));
+        Load("gr\xC3\xBC\xC3\x9F\xE2\x82\xAC.sms");
+        EXPECT_EQ(LastBox(), "File Error.|Cannot read gr\xFC\xDF?.sms: No such file or directory.");
+        Save("gr\xC3\xBC.sms");
+        const std::string content = Content("gr\xC3\xBC.sms");
         EXPECT_EQ(content.substr(0, content.find("\r\n")),
                   "'Kestrane Version 3 macro file - gr\xFC.sms");
     });

@@ -27,6 +27,27 @@ std::string ScriptedFiles::Ask(const Request& request) {
     return path;
 }
 
+FileStore::Content MemoryDisk::Read(const std::string& path) {
+    const auto file = files.find(path);
+    if (const auto reason = WhyNotWritable(path)) return {{}, reason};
+    if (file == files.end()) return {{}, "No such file or directory"};
+    return {file->second, {}};
+}
+
+std::optional<std::string> MemoryDisk::Replace(const std::string& path, std::string_view content,
+                                               Readers readers) {
+    if (const auto reason = WhyNotWritable(path)) return reason;
+    files[path] = content;
+    if (readers == Readers::kOwner) owner_only.insert(path);
+    return {};
+}
+
+std::optional<std::string> MemoryDisk::WhyNotWritable(const std::string& path) {
+    const auto fault = faults.find(path);
+    if (fault == faults.end()) return {};
+    return fault->second;
+}
+
 void SeededRandom::Seed() {
     ++seedings_;
     engine_.seed(static_cast<std::uint64_t>(seedings_));

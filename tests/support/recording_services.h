@@ -6,11 +6,14 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/file_store.h"
 #include "platform/services.h"
 #include "support/virtual_time.h"
 
@@ -61,6 +64,20 @@ class CountingSound : public Sound {
 
   private:
     int beeps_ = 0;
+};
+
+// Files that live as long as the test. Secrets are kept apart by `owner_only`.
+class MemoryDisk : public FileStore {
+  public:
+    Content Read(const std::string& path) override;
+    std::optional<std::string> Replace(const std::string& path, std::string_view content,
+                                       Readers readers) override;
+    std::optional<std::string> WhyNotWritable(const std::string& path) override;
+
+    std::map<std::string, std::string> files;
+    std::set<std::string> owner_only;
+    // Reasons for which these paths can't be read or written.
+    std::map<std::string, std::string> faults;
 };
 
 // The same draws in each run; each Seed starts another stream.

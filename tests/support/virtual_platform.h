@@ -95,7 +95,7 @@ class VirtualPlatform {
     VirtualPlatform& operator=(const VirtualPlatform&) = delete;
 
     Platform platform() {
-        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound};
+        return {loop, timers, tcpsend, http, boxes, files, clock, random, sound, disk};
     }
 
     void Pump() { loop.Pump(); }
@@ -113,6 +113,7 @@ class VirtualPlatform {
     VirtualClock clock{time};
     SeededRandom random;
     CountingSound sound;
+    MemoryDisk disk;
 };
 
 }  // namespace kestrane
