@@ -206,11 +206,11 @@ void Link::TimedOut() {
 
 // Nothing but a change of Label3 ends this wait: bytes, or the timeout. Only where too many waits
 // of lost connections stand on the stack does the next connect end them.
-void Link::WaitForReply() {
+void Link::WaitForReply(const std::function<bool()>& pointless) {
     const Depth depth(waits_);
     const Depth reply_depth(reply_waits_);
     while (seen_ == Seen::kNothing && form_.Label3.Caption() == kWaiting) {
-        if (Released()) return;
+        if (Released() || (pointless && pointless())) return;
         platform_.loop.Pump();
     }
     // Later bytes of the same pump have come after the wait was over.
@@ -299,11 +299,14 @@ Link::Verdict Link::JudgeException(const std::string& sent, const std::string& r
     return Verdict::kRepeat;
 }
 
-bool Link::SendUnchecked(std::string& text) { return SendAndWait(text, nullptr); }
+bool Link::SendUnchecked(std::string& text) { return SendAndWait(text, nullptr, {}); }
 
-bool Link::Poll(std::string& text, bool& waiting) { return SendAndWait(text, &waiting); }
+bool Link::Poll(std::string& text, bool& waiting, const std::function<bool()>& pointless) {
+    return SendAndWait(text, &waiting, pointless);
+}
 
-bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
+bool Link::SendAndWait(std::string& text, bool* poll_waiting,
+                       const std::function<bool()>& pointless) {
     const std::uint64_t exchange = BeginExchange(text);
     AddEscapesAndChecksum(text);
     const bool may_send = MaySend(exchange);
@@ -318,11 +321,13 @@ bool Link::SendAndWait(std::string& text, bool* poll_waiting) {
         return false;
     }
     if (poll_waiting) *poll_waiting = true;
-    WaitForReply();
+    WaitForReply(pointless);
     if (poll_waiting) *poll_waiting = false;
     const bool stale = current_ && current_->Stale();
-    EndExchange(exchange, stale ? Exchange::End::kLineLost : EndOfUnchecked());
-    return !stale;
+    const bool given_up = pointless && pointless();
+    const auto end = given_up ? Exchange::End::kNotAwaited : EndOfUnchecked();
+    EndExchange(exchange, stale ? Exchange::End::kLineLost : end);
+    return !stale && !given_up;
 }
 
 // The sender looks at nothing, the journal does: a refusal is a reply without data, and any other

@@ -73,7 +73,8 @@ class Link {
 
     // A poll of a kind named by `waiting`: as SendUnchecked, but if a poll of the same kind is
     // waiting already, the frame is sent and false returned at once; the reply is the other's.
-    bool Poll(std::string& text, bool& waiting);
+    // The wait ends, and false is returned, as soon as `pointless` says so.
+    bool Poll(std::string& text, bool& waiting, const std::function<bool()>& pointless = {});
 
     // A reply has come that the wait for it has not seen yet. A frame sent now would hide it: what
     // sends by a timer leaves it then, or a timer in step with the reader could do so for ever.
@@ -138,11 +139,11 @@ class Link {
     std::uint64_t BeginExchange(std::string_view command);
     void EndExchange(std::uint64_t exchange, Exchange::End end);
     Exchange::End Transmit(const std::string& escaped, std::uint64_t exchange);
-    bool SendAndWait(std::string& text, bool* poll_waiting);
+    bool SendAndWait(std::string& text, bool* poll_waiting, const std::function<bool()>& pointless);
     Exchange::End EndOfUnchecked() const;
     void SendRaw(const std::string& frame);
     bool Released() const;
-    void WaitForReply();
+    void WaitForReply(const std::function<bool()>& pointless = {});
     void ShowSent(const std::string& escaped);
     Verdict JudgeReply(int& repeat_count);
     Verdict JudgeException(const std::string& sent, const std::string& received);

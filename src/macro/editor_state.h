@@ -4,6 +4,8 @@
 // opening of the form they work for. The image outlives the form.
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 #include "macro/macro_memory.h"
 
@@ -17,6 +19,12 @@ struct EditorState {
     int ListRow = 0;              // the cursor's row, 0 to 15
     std::uint8_t CurrentOpcode = 0;
     std::uint8_t CurrentSecondByte = 0;
+
+    // For the operator, in UTF-8: what was last done, what is being done and has no such words yet,
+    // and the file that was last loaded or saved, without its folders.
+    std::string last_action;
+    std::optional<std::string> new_action;
+    std::string file_name;
 
     // A new number at each opening and at each closing of the form.
     unsigned visit = 0;

@@ -56,7 +56,7 @@ bool GoTo::Exchange(const Visit& visit) {
     while (true) {
         const std::string sent = Command();
         std::string text = sent;
-        if (!link_.Poll(text, waiting_) || visit.Ended()) return false;
+        if (!link_.Poll(text, waiting_, [&visit] { return visit.Ended(); })) return false;
         if (Mid(session_.ReplyBuffer, 3, 2) == Mid(sent, 1, 2)) return true;
     }
 }
@@ -74,6 +74,7 @@ void GoTo::cmdGoTo_Click() {
         return;
     }
     running_ = true;
+    waiting_ = false;  // what still waits is of an earlier opening
     running_visit_ = state_.visit;
     poll_.StopTimers();
     link_.MdWait(kPause);

@@ -1,5 +1,6 @@
 #include "macro/macro_editor.h"
 
+#include "macro/editor_controls.h"
 #include "macro/instruction_set.h"
 #include "screen/screen.h"
 #include "text/text.h"
@@ -14,6 +15,8 @@ MacroEditor::MacroEditor(ScriptEditForm& form, MainForm& main_form, Session& ses
       platform_(link.platform()),
       hooks_(std::move(hooks)),
       listing_(form, session, state_),
+      edits_(form, main_form, session, state_, listing_),
+      unit_program_(session, link),
       second_byte_(form),
       outlet_masks_(form, state_),
       inserts_(form, session, state_, listing_, second_byte_),
@@ -24,8 +27,9 @@ MacroEditor::MacroEditor(ScriptEditForm& form, MainForm& main_form, Session& ses
       files_(form, main_form, session, platform_, state_, listing_, poll_) {
     main_form.triggers.cmdEditMacro.on_click = [this] { cmdEditMacro_Click(); };
     form.on_load = [this] { Form_Load(); };
-    form.on_close = [this] { Form_Unload(); };
+    form.on_close = [this] { cmdExit_Click(); };
     form.cmdExit.on_click = [this] { cmdExit_Click(); };
+    platform_.loop.AfterEvents([this] { edits_.Look(); });
 }
 
 void MacroEditor::cmdEditMacro_Click() { form_.screen().ShowModal(form_); }
@@ -36,6 +40,7 @@ void MacroEditor::Form_Load() {
     const Visit visit(state_);
     StartAfresh();
     LayOut();
+    edits_.Begin();
     listing_.RefreshListing();
     poll_.cmdGetStatus_Click();
     if (visit.Ended()) return;
@@ -44,6 +49,7 @@ void MacroEditor::Form_Load() {
     form_.lblTitle2.SetCaption(Trim(main_form_.network.txtUnitName.Text()));
     transfer_.cmdDownload_Click();
     if (visit.Ended()) return;
+    edits_.Opened();
     poll_.StartTimers();
 }
 
@@ -58,6 +64,10 @@ void MacroEditor::StartAfresh() {
         box->SetChecked(false);
     }
     poll_.StartAfresh();
+    EnableEditorControls(form_, session_.AdminLoggedIn);
+    form_.txtSecondByteHex.SetText("00");
+    second_byte_.cmdSecondByteHexOK_Click();
+    transfer_.timUDColour_Timer();
     outlet_masks_.cmdClearLocks_Click();
     form_.txtGroup1.SetText("00");
     form_.txtGroup2.SetText("00");
@@ -84,9 +94,7 @@ void MacroEditor::LayOut() {
     form_.lblDesi(ScriptEditForm::kUpperNames + kSecond).SetVisible(two_inlets);
     form_.lblDesi(ScriptEditForm::kLowerNames + kSecond).SetVisible(two_inlets);
     form_.imgFuse2Block.SetVisible(two_inlets);
-    if (!cms) {
-        for (Image& block : form_.imgFuse7Block) block.SetVisible(two_inlets);
-    }
+    for (Image& block : form_.imgFuse7Block) block.SetVisible(two_inlets);
     Label& first_number = form_.lblFuseNo(ScriptEditForm::kFirstInlet);
     Label& second_number = form_.lblFuseNo(kSecond);
     first_number.SetVisible(two_inlets);
@@ -105,7 +113,14 @@ void MacroEditor::cmdExit_Click() {
                              {BoxButton::kYes, BoxButton::kNo}) != BoxButton::kYes) {
         return;
     }
-    if (!visit.Ended()) Form_Unload();
+    if (visit.Ended()) return;
+    const auto unit_holds = transfer_.UnitInTheMidst();
+    Form_Unload();
+    if (!unit_holds) return;
+    platform_.boxes.Show("Upload not finished.",
+                         "The macro program in the unit is not whole: " + *unit_holds +
+                             ".\r\nPlease upload it again.",
+                         {BoxButton::kOk});
 }
 
 // Whatever waits finds its visit ended. The operator is told of changed triggers here and not when

@@ -8,7 +8,9 @@
 #include "macro/inserts.h"
 #include "macro/macro_files.h"
 #include "macro/outlet_masks.h"
+#include "macro/program_edits.h"
 #include "macro/transfer.h"
+#include "macro/unit_program.h"
 
 namespace kestrane {
 
@@ -30,6 +32,8 @@ class MacroEditor {
 
     EditorState& state() { return state_; }
     MacroFiles& files() { return files_; }
+    ProgramEdits& edits() { return edits_; }
+    const UnitProgram& unit_program() const { return unit_program_; }
 
   private:
     void StartAfresh();
@@ -43,6 +47,8 @@ class MacroEditor {
     MacroEditorHooks hooks_;
     EditorState state_;
     Listing listing_;
+    ProgramEdits edits_;
+    UnitProgram unit_program_;
     SecondByte second_byte_;
     OutletMasks outlet_masks_;
     Inserts inserts_;

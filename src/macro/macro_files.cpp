@@ -68,6 +68,10 @@ void MacroFiles::Run(bool save) {
         const auto fault = save ? Save(path) : Load(path);
         if (fault) platform_.boxes.Show(fault->title, fault->text, {BoxButton::kOk});
         if (visit.Ended()) return;
+        if (!fault) {
+            state_.file_name = NameWithoutFolders(path);
+            state_.new_action = (save ? "Saved " : "Loaded ") + state_.file_name;
+        }
         if (!save) listing_.RefreshListing();
     }
     poll_.StartTimers();

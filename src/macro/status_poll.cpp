@@ -38,15 +38,14 @@ void StatusPoll::Exchange(bool& waiting, Show show) {
     const Link::Operation operation(link_, "");
     const Visit visit(state_);
     std::string command = Bytes({session_.RelayAddress, kReadLiveStatus});
-    if (!link_.Poll(command, waiting) || visit.Ended()) return;
+    if (!link_.Poll(command, waiting, [&visit] { return visit.Ended(); })) return;
     (this->*show)(RecordInReply(session_.ReplyBuffer));
 }
 
-// A wait of an earlier connection may still stand on the stack, where it can't end before the form
-// closes: polls on a new connection wait for themselves.
+// A wait of an earlier opening may still stand on the stack, where it can't end before the form
+// closes: the polls of this one wait for themselves.
 void StatusPoll::StartAfresh() {
-    if (connection_ == link_.connection()) return;
-    connection_ = link_.connection();
+    tick_left_ = false;
     update_waits_ = trace_waits_ = get_status_waits_ = false;
 }
 

@@ -50,7 +50,6 @@ class StatusPoll {
     bool update_waits_ = false;
     bool trace_waits_ = false;
     bool get_status_waits_ = false;
-    int connection_ = 0;      // the one that the form was opened on
     bool tick_left_ = false;  // by a poll that found an answer unseen
 };
 

@@ -1,6 +1,7 @@
 #include "macro/transfer.h"
 
 #include "macro/editor_controls.h"
+#include "macro/upload_report.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -48,6 +49,7 @@ bool Transfer::Begin(const Visit& visit, Button& pressed, Button& other) {
 
 void Transfer::End() {
     state_.transferring = false;
+    upload_ = 0;
     form_.timUDColour.SetEnabled(true);
     poll_.StartTimers();
 }
@@ -55,6 +57,7 @@ void Transfer::End() {
 void Transfer::cmdDownload_Click() {
     if (state_.transferring) return;
     Link::Operation operation(link_, "Download Macro");
+    upload_ = 0;
     const Visit visit(state_);
     if (link_.Connected()) {
         state_.transferring = true;
@@ -132,6 +135,7 @@ void Transfer::cmdupload_Click() {
 void Transfer::upload() {
     if (state_.transferring) return;
     Link::Operation operation(link_, "Upload Macro");
+    upload_ = link_.journal().last_operation();
     const Visit visit(state_);
     form_.SetPointer(Form::kHourglass);
     if (link_.Connected()) {
@@ -158,6 +162,11 @@ void Transfer::Upload(const Link::Operation& operation, const Visit& visit) {
         }
         link_.Command(WriteCommand(session_.RelayAddress, static_cast<int>(i), kBlockSize, block));
     }
+}
+
+std::optional<std::string> Transfer::UnitInTheMidst() const {
+    if (!state_.transferring || upload_ == 0) return {};
+    return WhatUnitHolds(link_.journal(), upload_);
 }
 
 void Transfer::timUDColour_Timer() {

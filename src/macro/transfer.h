@@ -5,6 +5,7 @@
 // are blind: a block that failed has told the operator so, and the next one follows.
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "macro/editor_state.h"
@@ -37,6 +38,9 @@ class Transfer {
     void upload();
     void timUDColour_Timer();
 
+    // Of an upload under way, what the unit holds so far; nothing otherwise.
+    std::optional<std::string> UnitInTheMidst() const;
+
     // Undoes the doubling in ReplyBuffer.
     void Strip_Escape() { link_.RemoveReplyEscapes(); }
 
@@ -57,6 +61,7 @@ class Transfer {
     SecondByte& second_byte_;
     StatusPoll& poll_;
     TransferHooks hooks_;
+    std::uint64_t upload_ = 0;  // in the journal, while it runs
 };
 
 }  // namespace kestrane

@@ -6,8 +6,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <limits>
 
 #include "support/tool_on_line.h"
@@ -189,10 +187,7 @@ class FaultyPeer : public Peer {
 
 struct FaultTest : EngineTest {
     FaultyPeer faulty{world.tcpsend, peer};
-    const std::string undo_file =
-        (std::filesystem::temp_directory_path() / ("undo" + std::to_string(getpid()))).string();
-
-    ~FaultTest() override { std::filesystem::remove(undo_file); }
+    const std::string undo_file = "undo.json";
 
     // Without the sensors' readings, which move by themselves.
     std::string Memory() {
@@ -200,12 +195,10 @@ struct FaultTest : EngineTest {
         return state.substr(0x0010, 0x0290) + state.substr(0x03F0, 0x0420);
     }
     void Undo() {
-        std::ifstream file(undo_file);
-        const std::string content{std::istreambuf_iterator<char>(file), {}};
+        const std::string content = world.disk.files[undo_file];
         const ApplyReport report = ApplyTo(ReadConfiguration(content).values);
         EXPECT_EQ(report.error, "");
-        file.close();
-        std::filesystem::remove(undo_file);
+        world.disk.files.erase(undo_file);
     }
     // What the report says of each setting, against the unit: what differs still holds what it did.
     void Check(const ApplyReport& report, const SettingValues& wanted, const std::string& where) {

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "editor_test_support.h"
 #include "link/frame.h"
 
@@ -117,6 +119,105 @@ TEST_F(Closing, LeavesAnUnansweredPollHarmless) {
     EXPECT_LT(world.world.loop.max_pump_depth(), 20);
     world.Wait(10'000);
     EXPECT_FALSE(world.editor.timUpdate.Enabled());
+}
+
+// In a silence one wait of each kind stands; the form is closed and opened again, in one event or
+// later, and the unit answers from then on.
+TEST_F(Closing, WhatWaitsDoesNotHoldUpTheNextOpening) {
+    for (const int pause : {0, 1, 40, 20'000}) {
+        SCOPED_TRACE(pause);
+        EditorOnUnit world;
+        ScriptEditForm& editor = world.editor;
+        world.ReadSettings();
+        const auto reopen = [&] {
+            world.world.tcpsend.Attach(&world.peer);
+            world.PressEdit();
+        };
+        world.After(1, [&] { world.PressEdit(); });
+        world.After(9000, [&] { world.world.tcpsend.Attach(nullptr); });
+        world.After(9100, [&] { world.Click(editor.cmdGetStatus); });
+        world.After(9200, [&] { world.Click(editor.cmdGoTo); });
+        world.After(9700, [&] { world.SetChecked(editor.chkTrace, true); });
+        world.After(12'000, [&] {
+            world.CloseEditor();
+            if (pause == 0) reopen();
+        });
+        if (pause > 0) world.After(12'000 + pause, reopen);
+        int before = -1;
+        world.After(20'000 + pause, [&] {
+            before = editor.pbLED(14).Picture();
+            world.peer.unit().SetSupply(unit::Supply::kMain, false, world.world.Now());
+        });
+        bool checked = false;
+        world.After(22'000 + pause, [&] {
+            EXPECT_NE(editor.pbLED(14).Picture(), before) << "the poll";
+            // The unit's macro stands at 40.
+            world.peer.unit().Relay().Set(2 * 0x40, 0x02);
+            world.peer.unit().Relay().Set(2 * 0x40 + 1, 0xFF);
+            world.Type(editor.txtGoTo, "40");
+            world.Click(editor.cmdGoTo);
+            world.SetChecked(editor.chkTrace, true);
+            world.Wait(500);
+            EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x40);
+            world.SetChecked(editor.chkTrace, false);
+            world.Click(editor.cmdGetStatus);
+            EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x10);
+            world.CloseEditor();
+            checked = true;
+        });
+        world.Wait(30'000 + pause);
+        EXPECT_TRUE(checked);
+        EXPECT_FALSE(editor.Visible());
+        EXPECT_EQ(world.world.loop.pump_depth(), 0);
+    }
+}
+
+TEST_F(Closing, InTheMidstOfAnUploadSaysWhatTheUnitHolds) {
+    EditorOnUnit world;
+    world.InEditor([&] {
+        // A close, the question after changes answered with No first.
+        world.session.MacroChanged = true;
+        world.world.boxes.Answer(BoxButton::kNo);
+        world.After(900, [&] { world.CloseEditor(); });
+        world.After(950, [&] { EXPECT_TRUE(world.editor.Visible()); });
+        world.After(1000, [&] { world.CloseEditor(); });
+        world.Click(world.editor.cmdUpload);
+    });
+    ASSERT_EQ(world.world.boxes.shown().size(), 3u);
+    EXPECT_EQ(world.world.boxes.shown()[1].title, "Any changes?");
+    EXPECT_THAT(world.LastBox(),
+                testing::MatchesRegex("Upload not finished.\\|The macro program in the unit is not "
+                                      "whole: blocks 10 to .7 are new, .8 to .F may be either, the "
+                                      "rest old.*"));
+}
+
+// Each type of unit after each other one, and what may be pressed after a transfer cut short.
+TEST_F(Closing, TheNextOpeningIsLikeTheFirst) {
+    EditorOnUnit world;
+    ScriptEditForm& editor = world.editor;
+    const auto look = [&] {
+        std::string seen;
+        for (const Control* control : editor.controls()) {
+            if (control->kind() == Kind::kTimer) continue;
+            seen += control->name() + (control->Visible() ? "+" : "-") +
+                    (control->Enabled() ? "+ " : "- ");
+        }
+        return seen;
+    };
+    world.ReadSettings();
+    std::map<std::string, std::string> first;
+    for (const char* type : {"CMS", "636", "", "CMS", "636", "CMS", "", "636", ""}) {
+        world.session.UnitType = type;
+        world.After(9000, [&] { world.Click(editor.cmdUpload); });
+        world.OpenEditor::InEditor(
+            [&] {
+                EXPECT_EQ(editor.imgFuse7Block(0).Visible(), *type != '\0');
+                EXPECT_EQ(editor.cmdUpload.BackColor(), kButtonFace);
+                EXPECT_EQ(first.emplace(type, look()).first->second, look()) << type;
+                world.Wait(1200);  // into the upload
+            },
+            EditorOnUnit::kOpening);
+    }
 }
 
 }  // namespace
