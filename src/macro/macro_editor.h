@@ -33,6 +33,8 @@ class MacroEditor {
     EditorState& state() { return state_; }
     MacroFiles& files() { return files_; }
     ProgramEdits& edits() { return edits_; }
+    const std::string& unit_type() const { return session_.UnitType; }
+    const std::optional<UnitStatus>& status() const { return poll_.last(); }
     const UnitProgram& unit_program() const { return unit_program_; }
 
   private:

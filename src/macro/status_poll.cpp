@@ -46,6 +46,7 @@ void StatusPoll::Exchange(bool& waiting, Show show) {
 // closes: the polls of this one wait for themselves.
 void StatusPoll::StartAfresh() {
     tick_left_ = false;
+    last_.reset();
     update_waits_ = trace_waits_ = get_status_waits_ = false;
 }
 
@@ -98,6 +99,7 @@ void StatusPoll::GoTo(int address) {
 void StatusPoll::ShowStatus(std::string_view record) {
     const auto status = ReadStatus(record);
     if (!status) return;
+    last_ = status;
     for (int i = 0; i < ScriptEditForm::kOutlets; ++i) {
         // Buttons that can be pressed keep the colours of the form.
         if (form_.cmdOn(i).Enabled()) continue;

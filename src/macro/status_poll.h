@@ -26,6 +26,9 @@ class StatusPoll {
     // Turns a status record into the picture; a record of another length changes nothing.
     void ShowStatus(std::string_view record);
 
+    // The newest that came in this opening.
+    const std::optional<UnitStatus>& last() const { return last_; }
+
     // The form opens.
     void StartAfresh();
     // The poll that the Trace box asks for, and the other one off. Does nothing while the form is
@@ -50,6 +53,7 @@ class StatusPoll {
     bool update_waits_ = false;
     bool trace_waits_ = false;
     bool get_status_waits_ = false;
+    std::optional<UnitStatus> last_;
     bool tick_left_ = false;  // by a poll that found an answer unseen
 };
 

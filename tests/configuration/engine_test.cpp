@@ -4,7 +4,6 @@
 #include "configuration/engine.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <limits>
 
