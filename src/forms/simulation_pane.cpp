@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
 
 #include "forms/latin1.h"
 #include "forms/layout.h"
@@ -223,6 +224,7 @@ QLayout* SimulationPane::Inputs() {
     row->addWidget(Caption(QStringLiteral("From outside:")));
     const auto add = [this, row](const QString& text, const Input& input) {
         auto* made = new QPushButton(text);
+        made->setObjectName(text);
         made->setCheckable(true);
         made->setAutoDefault(false);
         made->setToolTip(QStringLiteral("Pressed: on, high or present"));

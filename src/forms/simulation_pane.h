@@ -73,7 +73,7 @@ class SimulationPane : public QWidget {
     bool playing() const { return timer_.isActive(); }
     // Lets time pass as if it had been played.
     void Pass(simulation::Milliseconds time);
-    const simulation::Simulation& simulation() const { return *simulation_; }
+    const simulation::Simulation& unit() const { return *simulation_; }
 
   protected:
     void hideEvent(QHideEvent* event) override;

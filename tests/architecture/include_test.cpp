@@ -39,7 +39,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"editing", Join(kTool, {"configuration"})},
     {"console", Join(kTool, {"configuration", "editing"})},
     {"cli", Join(kTool, {"configuration", "editing", "console"})},
-    {"forms", Join(kTool, {"configuration", "editing"})},
+    {"forms", Join(kTool, {"configuration", "editing", "simulation"})},
     {"host", {"text", "platform"}},
     {"unit", {"text", "simulation"}},
 };
