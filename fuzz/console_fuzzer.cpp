@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     VirtualPlatform world;
     ScriptedOperator scripted;
     Tool tool({world.loop, world.timers, world.tcpsend, world.http, scripted, scripted, world.clock,
-               world.random, scripted});
+               world.random, scripted, world.disk});
     UnitPeer unit(world.tcpsend, world.time);
     tool.Start();
     Console console(tool, scripted,

@@ -20,7 +20,7 @@ struct ScriptedTool {
     VirtualPlatform world;
     ScriptedOperator scripted;
     Tool tool{{world.loop, world.timers, world.tcpsend, world.http, scripted, scripted, world.clock,
-               world.random, scripted}};
+               world.random, scripted, world.disk}};
 
     ScriptedTool() { tool.Start(); }
 };
