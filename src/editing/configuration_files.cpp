@@ -2,7 +2,6 @@
 
 #include "configuration/file.h"
 #include "configuration/screen_values.h"
-#include "macro/whole_file.h"
 
 namespace kestrane {
 namespace {
@@ -32,10 +31,10 @@ std::string WhyLeftAlone(Workbench& bench, const Setting& setting) {
     return {};
 }
 
-std::optional<std::string> Load(const std::string& path, ConfigurationText& text) {
-    const FileContent file = ReadWholeFile(path);
+std::optional<std::string> Load(FileStore& disk, const std::string& path, ConfigurationText& text) {
+    const FileStore::Content file = disk.Read(path);
     if (file.error) return path + ": " + *file.error;
-    text = ReadConfiguration(file.content);
+    text = ReadConfiguration(file.bytes);
     if (text.faults.empty()) return {};
     std::string faults;
     for (const FileFault& fault : text.faults) {
@@ -48,7 +47,7 @@ std::optional<std::string> Load(const std::string& path, ConfigurationText& text
 FileOutcome Differences(Workbench& bench, const std::string& path) {
     FileOutcome outcome;
     ConfigurationText text;
-    outcome.error = Load(path, text);
+    outcome.error = Load(bench.tool.link.platform().disk, path, text);
     if (outcome.error) return outcome;
     for (const Setting& setting : Settings()) {
         const auto found = text.values.find(&setting);
@@ -128,7 +127,9 @@ FileOutcome SaveConfiguration(Workbench& bench, const std::string& path) {
         const UnitFacts unit{firmware.lblType.Caption(), firmware.lblSerialNo.Caption(),
                              firmware.lblRelayVersion.Caption(),
                              firmware.lblDisplayVersion.Caption()};
-        if (const auto why = ReplaceFile(path, WriteConfiguration(unit, values, left_out))) {
+        FileStore& disk = bench.tool.link.platform().disk;
+        if (const auto why = disk.Replace(path, WriteConfiguration(unit, values, left_out),
+                                          FileStore::Readers::kEveryone)) {
             outcome.error = path + ": " + *why;
         }
     }
