@@ -139,7 +139,8 @@ void FleetRun::Publish(std::size_t unit, const Json& result, std::vector<std::st
         return;
     }
     const std::string word = result.value("result", "");
-    if (lines.empty() || word == "not begun") lines = {word};
+    if (word == "not begun") lines.clear();
+    if (lines.empty() || word == "failed" || word == "refused") lines.push_back(word);
     blocks_[unit] = std::move(lines);
     PrintBlocks();
 }

@@ -234,10 +234,13 @@ def call_words(module, path):
 
 
 def as_diff(changes):
-    """The changes as two texts, a line for each setting."""
+    """The changes as two texts, a line for each setting; two secrets would look alike."""
+    def shown(change, side):
+        alike = side == "after" and change["before"] == change["after"]
+        return json.dumps(change[side], ensure_ascii=False) + (" (changed)" if alike else "")
+
     def text(side):
-        return "".join("%s: %s\n" % (change["key"], json.dumps(change[side], ensure_ascii=False))
-                       for change in changes)
+        return "".join("%s: %s\n" % (change["key"], shown(change, side)) for change in changes)
     return {"before": text("before"), "after": text("after")}
 
 
