@@ -35,7 +35,8 @@ std::string_view TabOfOperation(std::string_view operation) {
 bool IsReadOperation(std::string_view operation) { return operation.starts_with("Read "); }
 
 bool IsWriteOperation(std::string_view operation) {
-    return operation.starts_with("Write ") || operation.starts_with("Save ");
+    return operation.starts_with("Write ") || operation.starts_with("Save ") ||
+           operation.starts_with("Upload ");
 }
 
 PendingChanges::PendingChanges(Tool& tool) : tool_(tool) {

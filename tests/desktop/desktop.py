@@ -20,14 +20,14 @@ class Desktop:
             ["Xvfb", "-displayfd", str(write), "-screen", "0", size + "x24", "-nolisten", "tcp"],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         os.close(write)
-        display = ":" + os.read(read, 16).decode().strip()
-        os.close(read)
+        with os.fdopen(read) as said:
+            display = ":" + said.readline().strip()
         self.environment = dict(os.environ, DISPLAY=display, QT_QPA_PLATFORM="xcb",
                                 DBUS_SESSION_BUS_ADDRESS="disabled:")
         self.home = tempfile.TemporaryDirectory()
         self.environment["HOME"] = self.home.name
         self.manager = subprocess.Popen(["openbox"], env=self.environment,
-                                        stderr=subprocess.DEVNULL)
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.unit = None
         self.program = None
         self.presses = 0

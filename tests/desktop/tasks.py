@@ -12,9 +12,8 @@ from desktop import Desktop
 MOST = {
     "address by keyboard": 6,
     "address by mouse": 6,
-    "three outlets by keyboard": 12,
+    "three outlets by keyboard": 15,
     "three outlets by mouse": 9,
-    "web password by keyboard": 24,
     "macro of five lines by mouse": 17,
     "why not by keyboard": 6,
     "undo by keyboard": 6,

@@ -119,7 +119,13 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     }
 }
 
-// Menus open at once and a click on a slider's groove pages, as Fusion has it.
+// All tabs side by side, each with room for its dot.
+int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
+    if (metric == PM_TabBarTabHSpace) return 16;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
 int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* data) const {
     if (hint == SH_ToolTip_WakeUpDelay) return 400;
