@@ -1,6 +1,6 @@
 # What a release build is hardened with: position-independent programs, addresses resolved and made
-# read-only before main, checked stacks, buffers and jumps. tests/packaging reads it back from the
-# programs.
+# read-only before main, checked stacks, buffers and jumps. packaging/check-hardening reads it back from
+# the programs.
 include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 
