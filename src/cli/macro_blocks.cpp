@@ -30,9 +30,13 @@ std::string TransferBlocks::Failure(int block) const {
     if (block >= count_) return {};
     const int address = first_address_ + kBlockSize * block;
     const auto end = ends_.find(block);
-    return "block " + HexByte(static_cast<std::uint8_t>(address >> 8)) +
-           HexByte(static_cast<std::uint8_t>(address)) + ": " +
-           (end == ends_.end() ? "not sent" : EndInWords(end->second));
+    const std::string block_text = "block " + HexByte(static_cast<std::uint8_t>(address >> 8)) +
+                                   HexByte(static_cast<std::uint8_t>(address)) + ": ";
+    if (end == ends_.end()) return block_text + "not sent; connect again";
+    const bool refused = end->second == Exchange::End::kRefused;
+    return block_text + EndInWords(end->second) +
+           (refused ? "; connect on a control port that has the right"
+                    : "; check unit and line, and try again");
 }
 
 std::string TransferBlocks::StateOf(int block) const {

@@ -54,12 +54,10 @@ class MacroTransfer {
         context_.complain(std::move(why));
         return kExitUnit;
     }
-    // What the driver says, the block at which it happened, and what that means for the unit.
+    // The block at which it failed, or what the driver says, and what that means for the unit.
     int Fail(const TransferBlocks& blocks, const std::string& meaning) {
-        std::string why = driver_.Failure();
-        if (!blocks.AllAccepted()) {
-            why += (why.empty() ? "" : "; ") + blocks.Failure(blocks.FirstFailed());
-        }
+        const std::string why =
+            blocks.AllAccepted() ? driver_.Failure() : blocks.Failure(blocks.FirstFailed());
         return Fail(why + (why.empty() ? "" : "; ") + meaning);
     }
 
