@@ -20,7 +20,8 @@ std::string TextOfFrame(std::string_view frame) {
     if (frame.substr(frame.size() - 2) != "\x10\x03") return {};
     std::string text;
     for (std::size_t i = 2; i + 2 < frame.size(); ++i) {
-        if (frame[i] == '\x10' && frame[++i] != '\x10') return {};
+        // The second of a pair is not the end mark's.
+        if (frame[i] == '\x10' && (++i + 2 >= frame.size() || frame[i] != '\x10')) return {};
         text.push_back(frame[i]);
     }
     unsigned sum = 0;
