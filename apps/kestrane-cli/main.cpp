@@ -68,9 +68,10 @@ std::optional<int> CheckMany(CommandLine& line) {
         Tool tool(host.With(scripted, scripted, scripted), line.options.tool_options());
         tool.Start();
         const std::string problem = line.chosen->Check(tool);
-        if (problem.empty()) return {};
-        complain(prefix + problem);
-        return kExitUsage;
+        if (!problem.empty()) complain(prefix + problem);
+        faults = line.chosen->FileFaults();
+        for (const std::string& fault : faults) WriteLine(stderr, fault);
+        if (!problem.empty()) return kExitUsage;
     }
     return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);
 }
