@@ -1,33 +1,50 @@
 #include "forms/script_edit_window.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
+#include <QToolButton>
 
+#include "forms/latin1.h"
 #include "forms/layout.h"
 #include "forms/progress.h"
+#include "text/text.h"
+#include "text/utf8.h"
 
 namespace kestrane {
 namespace {
 
 // As long as decoded texts usually get.
-constexpr char kLongText[] = "Turn off outlet 14 after fixed delay of 6300.0 sec";
+constexpr char kLongText[] = "Turn off outlet 14 after fixed delay of 6300.0";
 
-QLabel* Cell(Mirror& mirror, Label& label, const char* widest) {
+void AddCell(Mirror& mirror, ListingRow& row, Label& label, const char* widest) {
     QLabel* cell = mirror.Make(label);
     cell->setFont(FixedPitch());
-    ReserveWidth(cell, widest);
-    return cell;
+    row.AddCell(cell, QFontMetrics(cell->font()).horizontalAdvance(QLatin1String(widest)));
+}
+
+simulation::UnitType TypeOf(const std::string& unit_type) {
+    if (unit_type == "CMS") return simulation::UnitType::kCms;
+    return unit_type == "636" ? simulation::UnitType::k636 : simulation::UnitType::kSingle;
+}
+
+const char* LampName(int picture) {
+    constexpr const char* kNames[] = {"grey", "red", "green", "orange"};
+    return picture >= 0 && picture < 4 ? kNames[picture] : "unknown";
 }
 
 }  // namespace
 
-ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, Hand& hand,
+ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Hand& hand,
                                    WhyDisabledFunction why_disabled, QWidget* owner)
-    : FormWindow(form, hand, std::move(why_disabled), owner), form_(form) {
+    : FormWindow(form, hand, std::move(why_disabled), owner), form_(form), editor_(editor) {
+    MakeActions();
+    insert_heading_ = Caption({});
+    insert_heading_->setObjectName(QStringLiteral("insertHeading"));
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(kBetweenFrames, kGap, kBetweenFrames, kGap);
     outer->setSpacing(kGap);
-    outer->addWidget(BuildUnitPicture(mirror_, form_));
+    outer->addWidget(BuildUnitPicture(mirror_, form_, insert_heading_));
     outer->addLayout(StatusLine());
     auto* middle = Row();
     middle->setSpacing(kBetweenFrames);
@@ -43,8 +60,13 @@ ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, Hand& hand,
     ChainFocus(mirror_.TakeMade());
     mirror_.SetRestingPlace(scroll_);
     scroll_->setFocus(Qt::OtherFocusReason);
-    mirror_.OnRefreshed([this] { ShowProgress(); });
+    mirror_.OnTip([this](const Control& control) { return TipOf(control); });
+    mirror_.OnRefreshed([this] {
+        ShowProgress();
+        ShowEdits();
+    });
     ShowProgress();
+    ShowEdits();
 }
 
 QSize ScriptEditWindow::sizeHint() const {
@@ -75,6 +97,19 @@ QLayout* ScriptEditWindow::StatusLine() {
     progress_->setMaximumHeight(fontMetrics().height());
     row->addWidget(status);
     row->addWidget(progress_, 1);
+    said_ = Caption({});
+    said_->setObjectName(QStringLiteral("lastAction"));
+    row->addWidget(said_);
+    auto* edit = new QToolButton;
+    edit->setText(QStringLiteral("Edit"));
+    edit->setMenu(menu_);
+    edit->setPopupMode(QToolButton::InstantPopup);
+    row->addWidget(edit);
+    auto* simulate = new QPushButton(QStringLiteral("Simulate"));
+    simulate->setAutoDefault(false);
+    simulate->setToolTip(QStringLiteral("Runs the program on a simulated unit; nothing is sent"));
+    QObject::connect(simulate, &QPushButton::clicked, this, [this] { Simulate(); });
+    row->addWidget(simulate);
     return row;
 }
 
@@ -93,19 +128,13 @@ QWidget* ScriptEditWindow::Listing() {
     auto* rows = Column();
     rows->setSpacing(0);
     for (int i = 0; i < ScriptEditForm::kRows; ++i) {
-        RowView* view = mirror_.Make(form_.shpOutline(i));
-        auto* cells = new QHBoxLayout(view);
-        cells->setContentsMargins(kGap, 1, kGap, 1);
-        cells->setSpacing(kGap);
+        auto* view = mirror_.Make<ListingRow>(form_.shpOutline(i));
+        rows_[static_cast<std::size_t>(i)] = view;
         for (Label* label : {&form_.lblMem(i), &form_.lblMem1(i), &form_.lblMem2(i)}) {
-            QLabel* cell = Cell(mirror_, *label, "00");
-            cell->setFixedWidth(cell->minimumWidth());
-            cells->addWidget(cell);
+            AddCell(mirror_, *view, *label, "00");
             mirror_.ClickGoesTo(*label, form_.lblCommand(i));
         }
-        QLabel* text = Cell(mirror_, form_.lblCommand(i), kLongText);
-        text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        cells->addWidget(text, 1);
+        AddCell(mirror_, *view, form_.lblCommand(i), kLongText);
         for (QWidget* cell : view->findChildren<QWidget*>()) {
             cell->setFocusPolicy(Qt::ClickFocus);
             cell->setFocusProxy(scroll_);
@@ -115,6 +144,9 @@ QWidget* ScriptEditWindow::Listing() {
     row->addLayout(rows, 1);
     row->addWidget(scroll_);
     listing->installEventFilter(this);
+    listing->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(listing, &QWidget::customContextMenuRequested, this,
+                     [this, listing](const QPoint& at) { menu_->popup(listing->mapToGlobal(at)); });
     return listing;
 }
 
@@ -182,6 +214,170 @@ bool ScriptEditWindow::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     return FormWindow::eventFilter(watched, event);
+}
+
+void ScriptEditWindow::hideEvent(QHideEvent* event) {
+    if (simulation_) simulation_->hide();
+    FormWindow::hideEvent(event);
+}
+
+// Boxes with the keyboard keep these keys for their own texts.
+QAction* ScriptEditWindow::AddAction(const char* text, const QKeySequence& keys,
+                                     void (ScriptEditWindow::*act)()) {
+    QAction* action = menu_->addAction(QLatin1String(text));
+    action->setShortcut(keys);
+    addAction(action);
+    QObject::connect(action, &QAction::triggered, this, [this, act] {
+        mirror_.Post([this, act] {
+            (this->*act)();
+            ShowEdits();
+        });
+    });
+    return action;
+}
+
+void ScriptEditWindow::MakeActions() {
+    menu_ = new QMenu(this);
+    undo_ = AddAction("Undo", QKeySequence(Qt::CTRL | Qt::Key_Z), &ScriptEditWindow::Undo);
+    redo_ =
+        AddAction("Redo", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), &ScriptEditWindow::Redo);
+    menu_->addSeparator();
+    AddAction("Copy lines as text", QKeySequence(Qt::CTRL | Qt::Key_C), &ScriptEditWindow::Copy);
+    AddAction("Paste lines at the cursor", QKeySequence(Qt::CTRL | Qt::Key_V),
+              &ScriptEditWindow::Paste);
+    menu_->addSeparator();
+    AddAction("Simulate", QKeySequence(Qt::Key_F6), &ScriptEditWindow::Simulate);
+}
+
+void ScriptEditWindow::Undo() { editor_.edits().Undo(); }
+void ScriptEditWindow::Redo() { editor_.edits().Redo(); }
+
+// From the cursor to where Shift began to be held, else the cursor's line alone.
+void ScriptEditWindow::Copy() {
+    const auto [first, last] = std::minmax(anchor_, Cursor());
+    const std::string lines =
+        editor_.edits().Lines(static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(last));
+    QGuiApplication::clipboard()->setText(QString::fromStdString(lines));
+}
+
+void ScriptEditWindow::Paste() {
+    const std::string text = QGuiApplication::clipboard()->text().toStdString();
+    const auto fault = editor_.edits().Paste(text);
+    if (!fault) return;
+    form_.screen().platform().boxes.Show("Not pasted.", NearestByteText(*fault), {BoxButton::kOk});
+}
+
+void ScriptEditWindow::Simulate() {
+    if (!simulation_) {
+        simulation_ = new SimulationPane({[this] { return editor_.state().image; },
+                                          [this] { return TypeOf(editor_.unit_type()); },
+                                          [this](std::optional<std::uint8_t> line) {
+                                              running_ = line;
+                                              for (int row = 0; row < ScriptEditForm::kRows; ++row)
+                                                  ShowRow(row);
+                                          }},
+                                         this);
+    } else if (!simulation_->isVisible()) {
+        simulation_->Restart();
+    }
+    simulation_->show();
+    simulation_->raise();
+}
+
+void ScriptEditWindow::ShowEdits() {
+    if (Cursor() != last_cursor_) {
+        last_cursor_ = Cursor();
+        if (!(QGuiApplication::keyboardModifiers() & Qt::ShiftModifier)) anchor_ = last_cursor_;
+    }
+    ProgramEdits& edits = editor_.edits();
+    edits.Look();
+    if (checked_ != edits.history().Now()) FindFindings();
+    insert_heading_->setText(
+        QStringLiteral("Insert at %1:").arg(ToQt(HexByte(editor_.state().MemPointer))));
+    for (int row = 0; row < ScriptEditForm::kRows; ++row) ShowRow(row);
+    const auto& state = editor_.state();
+    QStringList said{QString::fromStdString(state.file_name),
+                     QString::fromStdString(state.last_action)};
+    said.removeAll(QString());
+    said_->setText(said.join(QStringLiteral(" \u00B7 ")));
+    const auto show = [](QAction* action, const char* verb, const std::string& name) {
+        action->setEnabled(!name.empty());
+        action->setText(
+            QLatin1String(verb) +
+            (name.empty() ? QString() : QStringLiteral(": ") + QString::fromStdString(name)));
+    };
+    show(undo_, "Undo", edits.history().UndoName());
+    show(redo_, "Redo", edits.history().RedoName());
+}
+
+void ScriptEditWindow::FindFindings() {
+    checked_ = editor_.edits().history().Now();
+    findings_.clear();
+    for (Finding& finding : editor_.edits().Findings()) {
+        if (finding.address) findings_[*finding.address].push_back(std::move(finding));
+    }
+}
+
+void ScriptEditWindow::ShowRow(int row) {
+    ListingRow* const view = rows_[static_cast<std::size_t>(row)];
+    if (!view) return;
+    const EditorState& state = editor_.state();
+    const auto address = static_cast<std::uint8_t>(state.ListTop + row);
+    const auto [first, last] = std::minmax(anchor_, Cursor());
+    RowMarks marks;
+    marks.insert = address == state.MemPointer;
+    marks.differs = editor_.unit_program().Differs(state.image, address);
+    marks.runs = running_ == address;
+    marks.selected = first != last && address >= first && address <= last;
+    if (const auto found = findings_.find(address); found != findings_.end()) {
+        marks.finding = RowMarks::Finding::kWarning;
+        for (const Finding& finding : found->second) {
+            if (!finding.IsWarning()) marks.finding = RowMarks::Finding::kError;
+        }
+    }
+    marks.names = QString::fromStdString(editor_.edits().NamesAt(address));
+    view->SetMarks(marks);
+}
+
+std::string ScriptEditWindow::TipOf(const Control& control) const {
+    const std::string& name = control.name();
+    if (name.starts_with("lblCommand(") || name.starts_with("lblMem") ||
+        name.starts_with("shpOutline(")) {
+        return TipOfLine(control.index());
+    }
+    if (name.starts_with("pbLED(")) return TipOfLight(control.index());
+    if (&control == &form_.cmdGoTo || &control == &form_.txtGoTo) {
+        return "The unit runs its macro from this address, at once";
+    }
+    if (name.starts_with("cmdOn(") || name.starts_with("cmdOff(")) {
+        return "Puts an instruction at address " + HexByte(editor_.state().MemPointer) +
+               "; no outlet is switched";
+    }
+    return {};
+}
+
+std::string ScriptEditWindow::TipOfLine(int row) const {
+    const auto address = static_cast<std::uint8_t>(editor_.state().ListTop + row);
+    std::string tip = editor_.edits().NamesAt(address);
+    const auto add = [&tip](const std::string& line) { tip += (tip.empty() ? "" : "\n") + line; };
+    if (const auto found = findings_.find(address); found != findings_.end()) {
+        for (const Finding& finding : found->second) add(finding.text);
+    }
+    if (editor_.unit_program().Differs(editor_.state().image, address)) {
+        add("Differs from what the unit holds");
+    }
+    return tip;
+}
+
+// The lamps' meaning is the unit's; the record says for certain only what is switched on.
+std::string ScriptEditWindow::TipOfLight(int position) const {
+    const bool outlet = position < ScriptEditForm::kOutlets;
+    std::string tip = outlet ? "Outlet " + std::to_string(position + 1)
+                             : "Inlet " + form_.lblFuseNo(position).Caption();
+    const auto& status = editor_.status();
+    if (!status) return tip + ": not known yet";
+    if (outlet) tip += status->OutletOn(position) ? ": on," : ": off,";
+    return tip + (outlet ? " light " : ": light ") + LampName(form_.pbLED(position).Picture());
 }
 
 }  // namespace kestrane

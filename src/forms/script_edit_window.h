@@ -3,15 +3,23 @@
 // The macro editor's window: the unit's picture on top, the listing below it with what inserts an
 // instruction beside it, the actions at the foot.
 
+#include <QAction>
+#include <QMenu>
 #include <QProgressBar>
+#include <array>
+#include <map>
 
 #include "forms/form_window.h"
+#include "forms/listing_row.h"
+#include "forms/simulation_pane.h"
+#include "macro/macro_editor.h"
 #include "screen/script_edit_form.h"
 
 namespace kestrane {
 
-// The outlets with light, fuse, names and switches, then the inlets.
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form);
+// The outlets with light, fuse and names, then the inlets. `insert_heading` stands over the ON and
+// OFF buttons, which insert an instruction and switch nothing.
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading);
 // A button for each instruction but the masks, in rows by what they are about.
 QWidget* BuildInstructionButtons(Mirror& mirror, ScriptEditForm& form);
 // The mask builder with the instructions that take a mask.
@@ -19,14 +27,15 @@ QWidget* BuildOutletMasks(Mirror& mirror, ScriptEditForm& form);
 
 class ScriptEditWindow : public FormWindow {
   public:
-    ScriptEditWindow(ScriptEditForm& form, Hand& hand, WhyDisabledFunction why_disabled,
-                     QWidget* owner);
+    ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Hand& hand,
+                     WhyDisabledFunction why_disabled, QWidget* owner);
 
     QSize sizeHint() const override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     QWidget* Listing();
@@ -36,7 +45,37 @@ class ScriptEditWindow : public FormWindow {
     QLayout* Actions();
     void ShowProgress();
 
+    void MakeActions();
+    QAction* AddAction(const char* text, const QKeySequence& keys, void (ScriptEditWindow::*act)());
+    void Undo();
+    void Redo();
+    void Copy();
+    void Paste();
+    void Simulate();
+
+    // What the editor knows beside the controls: marks, names, the last action.
+    void ShowEdits();
+    void ShowRow(int row);
+    void FindFindings();
+    int Cursor() const { return form_.scrListScroll.ScrollValue(); }
+    std::string TipOf(const Control& control) const;
+    std::string TipOfLine(int row) const;
+    std::string TipOfLight(int position) const;
+
     ScriptEditForm& form_;
+    MacroEditor& editor_;
+    QMenu* menu_ = nullptr;
+    QAction* undo_ = nullptr;
+    QAction* redo_ = nullptr;
+    QLabel* insert_heading_ = nullptr;
+    QLabel* said_ = nullptr;
+    std::array<ListingRow*, ScriptEditForm::kRows> rows_{};
+    SimulationPane* simulation_ = nullptr;
+    std::optional<std::uint8_t> running_;  // in the simulation
+    std::optional<EditedProgram> checked_;
+    std::map<std::uint8_t, std::vector<Finding>> findings_;  // of `checked_`
+    int anchor_ = 0;                                         // the other end of what is selected
+    int last_cursor_ = 0;
     QScrollBar* scroll_ = nullptr;
     QProgressBar* progress_ = nullptr;
 };

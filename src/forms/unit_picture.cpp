@@ -8,7 +8,7 @@ constexpr int kOutletsInBlock = 7;
 constexpr int kNarrowPadding = 8;
 constexpr int kNameWidth = 8;  // in characters, of the inlets
 
-enum PictureRow { kNumber, kLight, kFuse, kBlock, kUpper, kLower, kOn, kOff };
+enum PictureRow { kNumber, kLight, kFuse, kBlock, kUpper, kLower, kHeading, kOn, kOff };
 
 // The inlets stand apart from the outlets.
 int ColumnOf(int position) {
@@ -44,7 +44,7 @@ void AddBar(Mirror& mirror, QGridLayout* grid, Image& image, int first, int last
 
 }  // namespace
 
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading) {
     auto* picture = new QFrame;
     picture->setFrameShape(QFrame::StyledPanel);
     auto* outer = new QVBoxLayout(picture);
@@ -60,8 +60,6 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
         titles->addSpacing(2 * kGap);
     }
     titles->addStretch(1);
-    QCheckBox* wait = mirror.Make(form.chkWait);
-    titles->addWidget(wait);
     outer->addLayout(titles);
 
     auto* grid = new QGridLayout;
@@ -73,6 +71,12 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form) {
     AddBar(mirror, grid, form.imgFuse7Block(1), kOutletsInBlock, ScriptEditForm::kOutlets - 1);
     AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,
            ScriptEditForm::kSecondInlet);
+    auto* heading = Row();
+    heading->addWidget(insert_heading);
+    heading->addSpacing(kGap);
+    heading->addWidget(mirror.Make(form.chkWait));
+    heading->addStretch(1);
+    grid->addLayout(heading, kHeading, 0, 1, ScriptEditForm::kOutlets);
     for (int i = 0; i < ScriptEditForm::kOutlets; ++i) grid->setColumnStretch(i, 1);
     grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, kGap);
     for (const int inlet : {ScriptEditForm::kFirstInlet, ScriptEditForm::kSecondInlet}) {

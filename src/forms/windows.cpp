@@ -47,8 +47,8 @@ std::unique_ptr<FormWindow> Windows::NewWindow(Form& form) {
     if (&form == &tool_.help_form) {
         return std::make_unique<HelpWindow>(tool_.help_form, tool_.hand, why_disabled_, owner);
     }
-    return std::make_unique<ScriptEditWindow>(tool_.script_edit_form, tool_.hand, why_disabled_,
-                                              owner);
+    return std::make_unique<ScriptEditWindow>(tool_.script_edit_form, tool_.macro_editor,
+                                              tool_.hand, why_disabled_, owner);
 }
 
 bool Windows::Grab(const std::string& form, const std::string& path, QSize size) {
