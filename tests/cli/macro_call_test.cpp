@@ -3,6 +3,7 @@
 #include "cli/macro_call.h"
 
 #include <CLI/CLI.hpp>
+#include <fstream>
 
 #include "cli/macro_options.h"
 #include "console/console_test_support.h"
@@ -176,8 +177,10 @@ TEST_F(MacroCallTest, SimulatesAndSaysWhatAValueIsNot) {
 TEST_F(MacroCallTest, TheExamplesAreSoundAndDoWhatTheySay) {
     const std::string folder = KESTRANE_SOURCE_DIR "/examples/macros/";
     const auto run = [&](const std::string& name, Words words) {
-        EXPECT_EQ(Run({"check", folder + name, "--strict"}), kExitDone) << printed.back();
-        words.insert(words.begin(), {"simulate", folder + name, "--json"});
+        std::ifstream example(folder + name);
+        WriteFile({std::istreambuf_iterator<char>(example), std::istreambuf_iterator<char>()});
+        EXPECT_EQ(Run({"check", file, "--strict"}), kExitDone) << name;
+        words.insert(words.begin(), {"simulate", file, "--json"});
         EXPECT_EQ(Run(words), kExitDone);
         return Json::parse(printed.back());
     };
@@ -255,7 +258,8 @@ TEST_F(MacroCallTest, UploadsSourceAndTriggersOnlyIfAsked) {
 TEST_F(MacroCallTest, TouchesNothingForABadFileOrARefusal) {
     WriteFile("'Kestrane\r\n'Macro Triggers\r\n");
     EXPECT_EQ(Run({"upload", file}), kExitUsage);
-    EXPECT_EQ(Run({"download", file + "/in/no/folder"}), kExitUsage);
+    world.disk.faults["locked.sms"] = "Permission denied";
+    EXPECT_EQ(Run({"download", "locked.sms"}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
 
     WriteFile(FileOf(0x51, 0x05));
