@@ -27,10 +27,10 @@ std::vector<std::string> WordsOf(const std::string& argument) {
 
 }  // namespace
 
-void WriteLine(FILE* stream, const std::string& line) {
-    std::fwrite(line.data(), 1, line.size(), stream);
-    std::fputc('\n', stream);
-    std::fflush(stream);
+bool WriteLine(FILE* stream, const std::string& line) {
+    const bool whole = std::fwrite(line.data(), 1, line.size(), stream) == line.size() &&
+                       std::fputc('\n', stream) != EOF;
+    return std::fflush(stream) == 0 && whole;
 }
 
 void Complaints::operator()(const std::string& text) const {
@@ -52,6 +52,16 @@ std::unique_ptr<unit::UnitServer> StartDemo(CallOptions& options, const Complain
     return server;
 }
 
+namespace {
+
+int PrintAlone(const std::string& text, const Complaints& complain) {
+    if (WriteLine(stdout, text)) return kExitDone;
+    complain(std::string("standard output: ") + std::strerror(errno));
+    return kExitUnit;
+}
+
+}  // namespace
+
 std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOptions& options,
                                     const Complaints& complain) {
     std::string form;
@@ -59,11 +69,11 @@ std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOp
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        std::fputs(app.help().c_str(), stdout);
-        return kExitDone;
+        std::string help = app.help();
+        if (help.ends_with('\n')) help.pop_back();
+        return PrintAlone(help, complain);
     } catch (const CLI::CallForVersion& version) {
-        WriteLine(stdout, version.what());
-        return kExitDone;
+        return PrintAlone(version.what(), complain);
     } catch (const CLI::ParseError& error) {
         complain(std::string(error.what()) + "; see " + app.get_name() + " --help");
         return kExitUsage;

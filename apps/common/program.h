@@ -3,7 +3,9 @@
 // What the two faces of the tool do alike when they start: lines on the standard streams, the demo
 // unit of --demo, input lines for the console.
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string>
 
@@ -13,8 +15,22 @@
 
 namespace kestrane {
 
-// Writes the line and its end, and flushes.
-void WriteLine(FILE* stream, const std::string& line);
+// Writes the line and its end, and flushes. False if it did not get out whole.
+bool WriteLine(FILE* stream, const std::string& line);
+
+// Standard output. What can't be written is no reason to stop in the midst of a unit, but is one
+// to fail in the end.
+class StandardOutput {
+  public:
+    void Print(const std::string& line) {
+        if (!WriteLine(stdout, line) && problem_.empty()) problem_ = std::strerror(errno);
+    }
+    // Why a line did not get out; empty if all have.
+    const std::string& problem() const { return problem_; }
+
+  private:
+    std::string problem_;
+};
 
 // One line on standard error that begins with the program's name.
 class Complaints {

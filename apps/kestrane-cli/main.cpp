@@ -5,6 +5,8 @@
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
 #include <csignal>
+#include <cstdlib>
+#include <utility>
 
 #include "common/program.h"
 #include "host/descriptors.h"
@@ -31,9 +33,10 @@ std::optional<int> Parse(int argc, char** argv, CommandLine& line) {
     CLI::App app("Reads and sets a Kestrane MDU from the command line.", "kestrane-cli");
     app.set_version_flag("--version", std::string("kestrane-cli ") + KESTRANE_VERSION);
     app.footer(
-        "--unit, --timeout, --versions-url and --demo may also stand behind the call.\n"
-        "Exit status: 0 done, 1 the unit could not be reached, did not answer or refused,\n"
-        "2 wrong usage or a refused value; nothing is written to the unit then.");
+        "--unit, --timeout, --versions-url and --demo may also stand after the call.\n"
+        "Exit status: 0 done, 1 the unit could not be reached, did not answer, refused or did not\n"
+        "take a value, 2 wrong usage, a faulty file or a refused value; nothing is written to the\n"
+        "unit then. 3 there are differences (diff, apply --dry-run), or the answer was no.");
     app.fallthrough();
     app.require_subcommand(0, 1);
     line.options.AddTo(app);
@@ -76,6 +79,21 @@ std::optional<int> CheckMany(CommandLine& line) {
     return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);
 }
 
+// The convention of https://no-color.org: set, and not empty.
+bool HasNoColour() {
+    const char* const value = std::getenv("NO_COLOR");
+    return value && *value;
+}
+
+// Lines of standard input; none any more where nobody takes them.
+void ReadLines(std::unique_ptr<InputLines>& input, std::function<void(std::string)> on_line,
+               std::function<void()> on_end) {
+    input.reset();
+    if (!on_line) return;
+    input = std::make_unique<InputLines>(
+        STDIN_FILENO, [on_line](const InputLine& text) { on_line(text.text); }, on_end);
+}
+
 int Run(CommandLine& line) {
     if (const auto status = CheckMany(line)) return *status;
     if (line.fleet.given()) return RunManyUnits(*line.chosen, line.options, line.fleet, complain);
@@ -87,34 +105,39 @@ int Run(CommandLine& line) {
         if (!demo) return kExitUnit;
     }
     Tool tool(host.With(scripted, scripted, scripted), line.options.tool_options());
-    const SignalWatch watch([&host](int number) {
+    std::unique_ptr<InputLines> input;
+    StandardOutput output;
+    const std::string prefix = std::string(line.chosen->name()) + ": ";
+    CallContext context{tool,
+                        scripted,
+                        line.options,
+                        [&output](const std::string& text) { output.Print(text); },
+                        [prefix](const std::string& text) { complain(prefix + text); },
+                        [&input](auto on_line, auto on_end) { ReadLines(input, on_line, on_end); }};
+    context.error_line = [](const std::string& text) { WriteLine(stderr, text); };
+    context.on_terminal = isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+    context.colours = isatty(STDOUT_FILENO) != 0 && !HasNoColour();
+    int signal_status = 0;
+    const SignalWatch watch([&](int number) {
+        const bool again = std::exchange(signal_status, 128 + number) != 0;
+        if (!again && context.on_interrupt) return context.on_interrupt();
         host.tcpsend.Close();
-        host.loop.Exit(128 + number);
+        host.loop.Exit(signal_status);
     });
     tool.Start();
     line.options.Apply(tool);
-    const std::string prefix = std::string(line.chosen->name()) + ": ";
     const std::string problem = line.chosen->Check(tool);
     if (!problem.empty()) {
         complain(prefix + problem);
         return kExitUsage;
     }
-    std::unique_ptr<InputLines> input;
-    CallContext context{tool,
-                        scripted,
-                        line.options,
-                        [](const std::string& text) { WriteLine(stdout, text); },
-                        [prefix](const std::string& text) { complain(prefix + text); },
-                        [&input](auto on_line, auto on_end) {
-                            input = std::make_unique<InputLines>(
-                                STDIN_FILENO,
-                                [on_line](const InputLine& text) { on_line(text.text); }, on_end);
-                        },
-                        {},
-                        [](const std::string& text) { WriteLine(stderr, text); }};
-    const int status = line.chosen->Run(context);
+    int status = line.chosen->Run(context);
     host.tcpsend.Close();
-    host.loop.Exit(status);
+    if (!output.problem().empty()) {
+        complain(prefix + "standard output: " + output.problem());
+        status = kExitUnit;
+    }
+    host.loop.Exit(signal_status != 0 ? signal_status : status);
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ enum ExitStatus : int {
     kExitDone = 0,
     kExitUnit = 1,   // the unit could not be reached, did not answer or refused
     kExitUsage = 2,  // wrong usage or a refused value; nothing has been written to the unit
+    kExitDifferences = 3,  // of a comparison; or an operator who was asked has said no
 };
 
 struct CallContext {
@@ -42,6 +43,37 @@ struct CallContext {
     // A line of standard error as it stands, for what other programs read; `complain` serves where
     // it is not set.
     std::function<void(const std::string&)> error_line = {};
+    bool on_terminal = false;  // somebody is there who can be asked
+    bool colours = false;
+    // What a signal does while the call runs: at once, and the call returns soon. Without it the
+    // program ends there.
+    std::function<void()> on_interrupt = {};
+
+    void ErrorLine(const std::string& line) const {
+        error_line ? error_line(line) : complain(line);
+    }
+    // The result of a call; `print_it`: --json was given.
+    void Publish(const Json& json, bool print_it) const {
+        if (report) {
+            report(json);
+        } else if (print_it) {
+            print(ToLine(json));
+        }
+    }
+};
+
+// While it stands, a signal ends what the call does in order.
+class InterruptHandler {
+  public:
+    InterruptHandler(CallContext& context, std::function<void()> action) : context_(context) {
+        context.on_interrupt = std::move(action);
+    }
+    ~InterruptHandler() { context_.on_interrupt = nullptr; }
+    InterruptHandler(const InterruptHandler&) = delete;
+    InterruptHandler& operator=(const InterruptHandler&) = delete;
+
+  private:
+    CallContext& context_;
 };
 
 class Call {
@@ -54,8 +86,7 @@ class Call {
     virtual void AddTo(CLI::App& app) = 0;
     // What is wrong with them, before a unit is asked; empty if nothing is.
     virtual std::string Check(Tool& /*tool*/) { return {}; }
-    // Does it and returns the exit status; the caller closes the socket. Where the connection is
-    // lost in the midst of a wait it ends the program itself.
+    // Does it and returns the exit status; the caller closes the socket.
     virtual int Run(CallContext& context) = 0;
 
     // What follows is for runs over many units, each by a call of its own.

@@ -17,14 +17,28 @@ bool IsUrlOfServer(const std::string& url) {
     return false;
 }
 
+// "2.5" for 2500.
+std::string SecondsText(int milliseconds) {
+    std::string text = std::to_string(milliseconds / 1000);
+    const int rest = milliseconds % 1000;
+    if (rest != 0) text += "." + std::to_string(1000 + rest).substr(1);
+    return text;
+}
+
+// Wrong usage where an option is given without a value.
+std::string NotEmpty(const std::string& value) { return value.empty() ? "takes a value" : ""; }
+
 }  // namespace
 
 void CallOptions::AddTo(CLI::App& app) {
     app.add_option("--unit", unit_text_,
-                   "HOST[:PORT] of the unit (the tool's default address and port)");
-    app.add_option("--timeout", timeout_text_, "Seconds to wait for a reply, and for a connection");
+                   "HOST[:PORT] of the unit (the tool's default address and port)")
+        ->check(NotEmpty, "");
+    app.add_option("--timeout", timeout_text_, "Seconds to wait for a reply, and for a connection")
+        ->check(NotEmpty, "");
     app.add_option("--versions-url", versions_url_,
-                   "Root of the versions server: the page is URL/kestraneversions/");
+                   "Root of the versions server: the page is URL/kestraneversions/")
+        ->check(NotEmpty, "");
     app.add_flag("--demo", demo_, "Start a demo unit on free loopback ports and use that");
 }
 
@@ -60,6 +74,13 @@ void CallOptions::UseDemo(int port, int versions_port) {
     }
 }
 
+std::string CallOptions::Address(const Tool& tool) const {
+    const std::string host = unit_ ? unit_->host : tool.main_form.txtCurrentIPAddress.Text();
+    const std::string port = unit_ && unit_->port ? std::to_string(*unit_->port)
+                                                  : tool.main_form.txtCurrentPort.Text();
+    return (host.find(':') == std::string::npos ? host : "[" + host + "]") + ":" + port;
+}
+
 void CallOptions::Apply(Tool& tool) const {
     MainForm& form = tool.main_form;
     if (unit_) {
@@ -67,7 +88,8 @@ void CallOptions::Apply(Tool& tool) const {
         if (unit_->port) form.txtCurrentPort.SetText(std::to_string(*unit_->port));
     }
     if (timeout_) {
-        form.txtTimeout.SetText(timeout_text_);
+        // In the one notation that the box and this program read alike.
+        form.txtTimeout.SetText(SecondsText(*timeout_));
         form.timTimeout.SetInterval(*timeout_);
     }
 }

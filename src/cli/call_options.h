@@ -2,6 +2,7 @@
 
 // The options that kestrane-cli and kestrane-config share, and what they set on the tool.
 
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -30,6 +31,14 @@ class CallOptions {
     // One unit of many.
     void UseUnit(const UnitAddress& unit) { unit_ = unit; }
     bool has_unit() const { return !unit_text_.empty(); }
+    // The same as a length of time.
+    std::optional<std::chrono::milliseconds> timeout_limit() const {
+        if (!timeout_) return {};
+        return std::chrono::milliseconds(*timeout_);
+    }
+    // HOST:PORT of the unit that a call is for; the tool fills what was not given.
+    std::string Address(const Tool& tool) const;
+
     // A demo unit that this program has started.
     void UseDemo(int port, int versions_port);
 

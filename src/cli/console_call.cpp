@@ -1,7 +1,6 @@
-#include "cli/console_call.h"
-
 #include <CLI/CLI.hpp>
 
+#include "cli/calls.h"
 #include "console/console.h"
 
 namespace kestrane {

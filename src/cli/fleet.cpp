@@ -7,8 +7,6 @@
 namespace kestrane {
 namespace {
 
-constexpr int kExitDifferences = 3;
-
 // 1 over 2 over 3 over 0.
 int Badness(int status) {
     switch (status) {

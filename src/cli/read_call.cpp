@@ -1,20 +1,20 @@
-#include "cli/read_call.h"
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "cli/call_driver.h"
-#include "cli/shown_value.h"
+#include "cli/calls.h"
+#include "cli/value_controls.h"
+#include "configuration/unit_session.h"
 #include "macro/instruction_set.h"
+#include "text/terminal.h"
 #include "text/text.h"
 
 namespace kestrane {
 namespace {
 
-// One line of the table: control, label, value.
+// One line of the table: control, caption, value.
 struct Row {
     std::string name;
-    std::string label;
+    std::string caption;
     std::string shown;
     Json value;
 };
@@ -24,23 +24,24 @@ struct TabResult {
     std::vector<Row> rows;
 };
 
-std::string LabelText(const Control& control) {
-    std::string text;
-    const auto caption = [](const auto& of) { return of.Caption(); };
-    if (control.kind() == Kind::kCheckBox) text = caption(static_cast<const CheckBox&>(control));
-    if (control.kind() == Kind::kOptionButton) {
-        text = caption(static_cast<const OptionButton&>(control));
+Row RowOf(const Control& control, bool with_secrets) {
+    Row row{control.name(), FromByteText(CaptionOf(control)), {}, {}};
+    if (IsUnreadable(control)) {
+        row.shown = "-";
+    } else if (IsSecret(control) && !with_secrets) {
+        row.shown = "(secret)";
+        row.value = row.shown;
+    } else {
+        row.shown = ShownControl(control);
+        row.value = ToJson(control.Properties().front().second);
     }
-    if (!text.empty()) return text;
-    const Label* label = LabelOf(control);
-    return label ? label->Caption() : std::string();
+    return row;
 }
 
-std::vector<Row> RowsOfPage(const MainForm& form, const TabRow& tab) {
+std::vector<Row> RowsOfPage(const MainForm& form, const TabRow& tab, bool with_secrets) {
     std::vector<Row> rows;
     for (const Control* control : ValueControls(form, tab)) {
-        rows.push_back({control->name(), FromByteText(LabelText(*control)), ShownValue(*control),
-                        ToJson(control->Properties().front().second)});
+        rows.push_back(RowOf(*control, with_secrets));
     }
     return rows;
 }
@@ -84,6 +85,7 @@ class ReadCall : public Call {
                        "network, privileges, security, names, triggers, 1wire, changeover, "
                        "firmware, macro");
         app.add_flag("--json", json_, "Print one JSON object: tab, control, value");
+        app.add_flag("--secrets", secrets_, "Print passwords, keys and the community");
     }
 
     std::string Check(Tool& /*tool*/) override {
@@ -105,30 +107,36 @@ class ReadCall : public Call {
     bool PrintsJson() const override { return json_; }
 
     int Run(CallContext& context) override {
-        CallDriver driver(context);
+        UnitSession session(context.tool, context.options.timeout_limit());
+        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
         const TabRow& network = *FindTab("network");
         std::vector<TabResult> results;
-        bool good = driver.Connect() && driver.Read(network);
+        bool good = session.Connect() && session.Read(network);
         for (const TabRow* tab : tabs_) {
             if (!good) break;
             // A unit of another type has no such tab; only asking for it by name is a mistake.
-            if (names_.empty() && driver.Missing(*tab)) continue;
-            good = tab == &network || driver.Read(*tab);
-            if (good) results.push_back(ResultOf(context.tool, driver, *tab));
+            if (names_.empty() && session.Missing(*tab)) continue;
+            good = tab == &network || session.Read(*tab);
+            if (good) results.push_back(ResultOf(context.tool, session, *tab));
+            if (tab->kind == TabKind::kFirmware && good && context.tool.firmware.NetGrab1.LastFailed()) {
+                context.complain("the latest versions could not be fetched; check the address "
+                                 "given by --versions-url");
+            }
         }
-        if (context.report) Report(context, results, good ? "" : driver.Failure());
+        if (context.report) Report(context, results, good ? "" : session.Failure());
+        session.Disconnect();
         if (json_ && !context.report) context.print(ToLine(JsonOf(results)));
         if (!json_) PrintTable(context, results);
-        if (!good) context.complain(driver.Failure());
+        if (!good) context.complain(session.Failure());
         return good ? kExitDone : kExitUnit;
     }
 
   private:
-    static TabResult ResultOf(Tool& tool, const CallDriver& driver, const TabRow& tab) {
+    TabResult ResultOf(Tool& tool, const UnitSession& session, const TabRow& tab) const {
         if (tab.kind == TabKind::kMacro) {
-            return {&tab, RowsOfProgram(driver.Program(), tool.session.UnitType)};
+            return {&tab, RowsOfProgram(session.Program(), tool.session.UnitType)};
         }
-        return {&tab, RowsOfPage(tool.main_form, tab)};
+        return {&tab, RowsOfPage(tool.main_form, tab, secrets_)};
     }
 
     static void Report(CallContext& context, const std::vector<TabResult>& results,
@@ -142,8 +150,8 @@ class ReadCall : public Call {
     static Json JsonOf(const std::vector<TabResult>& results) {
         Json all = Json::object();
         for (const TabResult& result : results) {
-            Json& tab = all[result.tab->name] = Json::object();
-            for (const Row& row : result.rows) tab[row.name] = row.value;
+            Json& values = all[result.tab->name] = Json::object();
+            for (const Row& row : result.rows) values[row.name] = row.value;
         }
         return all;
     }
@@ -151,21 +159,22 @@ class ReadCall : public Call {
     static void PrintTable(CallContext& context, const std::vector<TabResult>& results) {
         for (const TabResult& result : results) {
             std::size_t name_width = 0;
-            std::size_t label_width = 0;
+            std::size_t caption_width = 0;
             for (const Row& row : result.rows) {
                 name_width = std::max(name_width, Width(row.name));
-                label_width = std::max(label_width, Width(row.label));
+                caption_width = std::max(caption_width, Width(row.caption));
             }
             context.print(result.tab->name);
             for (const Row& row : result.rows) {
                 context.print("  " + Padded(row.name, name_width) + "  " +
-                              Padded(row.label, label_width) + "  " + row.shown);
+                              Padded(row.caption, caption_width) + "  " + row.shown);
             }
         }
     }
 
     std::vector<std::string> names_;
     bool json_ = false;
+    bool secrets_ = false;
     std::vector<const TabRow*> tabs_;
 };
 

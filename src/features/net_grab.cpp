@@ -11,6 +11,7 @@ void NetGrab::DownloadStart(const std::string& url, int mode) {
     if (url.empty()) return;
     if (Busy()) DownloadCancel();
     duration_ = 0;
+    last_failed_ = false;
     start_tick_ = clock_.TickCount();
     http_.Start(url, mode == kForcedRefresh,
                 {.progress =
@@ -26,6 +27,7 @@ void NetGrab::DownloadStart(const std::string& url, int mode) {
                  .failed =
                      [this](int error_number, const std::string& description) {
                          End();
+                         last_failed_ = true;
                          if (Failed) Failed(error_number, description);
                      }});
 }

@@ -27,6 +27,7 @@ class NetGrab {
 
     // The tick of the start tells, so a fetch begun at tick 0 reads as not busy.
     bool Busy() const { return start_tick_ != 0; }
+    bool LastFailed() const { return last_failed_; }
     // What the last finished fetch brought, and its milliseconds.
     const std::string& Bytes() const { return bytes_; }
     std::uint32_t Duration() const { return duration_; }
@@ -44,6 +45,7 @@ class NetGrab {
     const Clock& clock_;
     std::uint32_t start_tick_ = 0;
     std::uint32_t duration_ = 0;
+    bool last_failed_ = false;
     std::string bytes_;
 };
 

@@ -1,0 +1,411 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "cli/calls.h"
+#include "cli/configuration_files.h"
+#include "cli/fleet_list.h"
+#include "cli/report_lines.h"
+#include "macro/whole_file.h"
+
+namespace kestrane {
+namespace {
+
+using Result = ApplyReport::Result;
+
+// Prints a report and gives the exit status that it stands for.
+int StatusOf(const ApplyReport& report) {
+    switch (report.result) {
+        case Result::kDifferent:
+            return kExitDifferences;
+        case Result::kRefused:
+            return kExitUsage;
+        case Result::kFailed:
+        case Result::kNotBegun:
+            return kExitUnit;
+        default:
+            return kExitDone;
+    }
+}
+
+// What `apply` and `set` have in common: the options that say how, and the way through a unit.
+class WritingCall : public Call {
+  public:
+    bool Writes() const override { return true; }
+    bool PrintsJson() const override { return json_; }
+    bool TakesManyUnits() const override { return true; }
+
+    // With the unit's own values; --undo names a folder then.
+    void UseUnit(const FleetUnit& unit) {
+        own_ = SettingValues(unit.values.begin(), unit.values.end());
+        if (!undo_file_.empty()) undo_file_ += "/" + FileNameOf(unit);
+    }
+
+  protected:
+    void AddWritingOptions(CLI::App& app) {
+        app.add_flag("--dry-run", dry_run_, "Type everything on the screen, but write nothing");
+        app.add_option("--undo", undo_file_,
+                       "Before the first write, save the values that will change in this file");
+        app.add_flag("--reset", reset_,
+                     "Reset the Ethernet processor at the end if network settings changed");
+        app.add_flag("--yes", yes_, "Do not ask on a terminal");
+        app.add_flag("--json", json_, "Print one JSON object");
+    }
+
+    std::string CheckWritingOptions() const {
+        if (undo_file_.empty()) return {};
+        if (const auto why = WhyNotWritable(undo_file_)) {
+            return "--undo: cannot write " + undo_file_ + ": " + *why;
+        }
+        return {};
+    }
+
+    ApplyReport RunApply(CallContext& context, ApplyRequest request) {
+        for (const auto& [setting, value] : own_) request.own[setting] = value;
+        request.dry_run = dry_run_;
+        request.reset = reset_;
+        request.undo_file = undo_file_;
+        UnitSession session(context.tool, context.options.timeout_limit());
+        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
+        if (context.on_terminal && !yes_ && !dry_run_) {
+            request.go_on = [&](const ApplyReport& plan) {
+                PrintPlan(context, plan);
+                return AskToGoOn(context, session);
+            };
+        }
+        ApplyReport report = Apply(session, request);
+        session.Disconnect();
+        return report;
+    }
+
+    void PrintPlan(CallContext& context, const ApplyReport& plan) const {
+        ReportStyle style = Style(context);
+        style.comparison = true;
+        for (const std::string& line : ReportLines(plan, style)) {
+            context.ErrorLine(line);
+        }
+    }
+
+    static bool AskToGoOn(CallContext& context, UnitSession& session) {
+        context.ErrorLine("Write these changes to " + session.Address() + "? [y/N]");
+        std::optional<std::string> answer;
+        context.read_lines([&answer](const std::string& line) { answer = line; },
+                           [&answer] { answer = answer.value_or(""); });
+        constexpr auto kPatience = std::chrono::hours(24);
+        session.WaitUntil([&] { return answer.has_value(); }, kPatience);
+        context.read_lines(nullptr, nullptr);
+        return answer && (*answer == "y" || *answer == "Y" || *answer == "yes");
+    }
+
+    ReportStyle Style(const CallContext& context) const {
+        return {context.colours, secrets_, dry_run_};
+    }
+
+    void Complain(CallContext& context, const ApplyReport& report) const {
+        for (const std::string& note : report.notes) context.ErrorLine("note: " + note);
+        if (!report.error.empty()) context.complain(report.error);
+    }
+
+    bool json_ = false;
+    bool secrets_ = false;
+
+  private:
+    bool dry_run_ = false;
+    bool reset_ = false;
+    bool yes_ = false;
+    std::string undo_file_;
+    SettingValues own_;  // of one unit of many
+};
+
+template <class T>
+std::unique_ptr<Call> CopyForUnit(const T& call, const FleetUnit& unit) {
+    auto copy = std::make_unique<T>(call);
+    copy->UseUnit(unit);
+    return copy;
+}
+
+class ApplyCall : public WritingCall {
+  public:
+    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
+        return CopyForUnit(*this, unit);
+    }
+    const char* name() const override { return "apply"; }
+    const char* description() const override {
+        return "Compare configuration files with the unit, write what differs, read it back";
+    }
+
+    void AddTo(CLI::App& app) override {
+        app.add_option("FILE", paths_, "Configuration files; later ones win over earlier ones");
+        app.add_option("--set", assignments_, "KEY=VALUE over the files; repeatable")->take_all();
+        filter_.AddTo(app);
+        AddWritingOptions(app);
+    }
+
+    std::string Check(Tool& /*tool*/) override {
+        if (paths_.empty() && assignments_.empty()) {
+            return "name a configuration file, or give --set KEY=VALUE";
+        }
+        if (const std::string why = filter_.Check(); !why.empty()) return why;
+        given_.clear();
+        for (const std::string& text : assignments_) {
+            std::string error;
+            const auto assignment = ParseAssignment(text, error);
+            if (!assignment) return "--set: " + error;
+            given_.push_back(*assignment);
+        }
+        files_ = {};
+        for (const std::string& path : paths_) files_.Add(path);
+        for (const auto& [setting, value] : ValuesOf(given_)) files_.values[setting] = value;
+        return CheckWritingOptions();
+    }
+
+    int Run(CallContext& context) override {
+        for (const std::string& line : files_.faults) context.ErrorLine(line);
+        for (const std::string& line : files_.notes) context.ErrorLine(line);
+        ApplyReport report;
+        if (files_.faults.empty()) {
+            ApplyRequest request;
+            request.wanted = files_.values;
+            request.filter = filter_.filter();
+            report = RunApply(context, std::move(request));
+            Complain(context, report);
+        } else {
+            report.result = Result::kRefused;
+            report.error = files_.faults.front();
+            report.unit = context.options.Address(context.tool);
+        }
+        context.Publish(ReportAsJson(report), json_);
+        if (!json_ && files_.faults.empty()) {
+            for (const std::string& line : ReportLines(report, Style(context))) {
+                context.print(line);
+            }
+        }
+        return report.declined ? int{kExitDifferences} : StatusOf(report);
+    }
+
+  private:
+    std::vector<std::string> paths_;
+    std::vector<std::string> assignments_;
+    std::vector<Assignment> given_;
+    FilterOptions filter_;
+    ConfigurationFiles files_;
+};
+
+class SetCall : public WritingCall {
+  public:
+    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
+        return CopyForUnit(*this, unit);
+    }
+    const char* name() const override { return "set"; }
+    const char* description() const override {
+        return "Type values into the tabs that hold them and write those tabs";
+    }
+
+    void AddTo(CLI::App& app) override {
+        app.add_option("NAME=VALUE", assignments_,
+                       "A setting or a control and its value: 'network.unit_name=Rack 7', "
+                       "txtUnitName=x, chkDHCP=1, 'optInE2P(2)=true', cmbARPtime=3")
+            ->required();
+        app.add_flag("--secrets", secrets_, "Print passwords, keys and the community");
+        AddWritingOptions(app);
+    }
+
+    std::string Check(Tool& /*tool*/) override {
+        given_.clear();
+        for (const std::string& text : assignments_) {
+            std::string error;
+            const auto assignment = ParseAssignment(text, error);
+            if (!assignment) return error;
+            given_.push_back(*assignment);
+        }
+        return CheckWritingOptions();
+    }
+
+    int Run(CallContext& context) override {
+        ApplyRequest request;
+        request.own = ValuesOf(given_);
+        const ApplyReport report = RunApply(context, std::move(request));
+        Complain(context, report);
+        context.Publish(ReportAsJson(report), json_);
+        if (!json_ && report.result != Result::kRefused) PrintInOrder(context, report);
+        return report.declined ? int{kExitDifferences} : StatusOf(report);
+    }
+
+  private:
+    // In the order of the command line; what changes with it comes after.
+    void PrintInOrder(CallContext& context, const ApplyReport& report) const {
+        if (report.changes.empty() && !report.error.empty()) return;
+        std::vector<const SettingChange*> rest;
+        for (const SettingChange& change : report.changes) rest.push_back(&change);
+        for (const Assignment& given : given_) {
+            if (!given.setting) continue;
+            const auto change = std::find_if(rest.begin(), rest.end(), [&](const auto* each) {
+                return each->setting == given.setting;
+            });
+            if (change != rest.end()) {
+                context.print(ChangeLine(**change, Style(context), given.name));
+                rest.erase(change);
+            } else if (!Twice(report, *given.setting)) {
+                context.print(given.name + ": " +
+                              ShownSetting(*given.setting, given.value, secrets_) +
+                              " (" + WhyNotChanged(report, *given.setting) + ")");
+            }
+        }
+        for (const SettingChange* change : rest) context.print(ChangeLine(*change, Style(context)));
+    }
+
+    static bool Twice(const ApplyReport& report, const Setting& setting) {
+        return std::any_of(report.changes.begin(), report.changes.end(),
+                           [&](const SettingChange& change) { return change.setting == &setting; });
+    }
+
+    static std::string WhyNotChanged(const ApplyReport& report, const Setting& setting) {
+        for (const SettingLeftAlone& left : report.left_alone) {
+            if (left.setting == &setting) return left.why;
+        }
+        return "unchanged";
+    }
+
+    std::vector<std::string> assignments_;
+    std::vector<Assignment> given_;
+};
+
+class DiffCall : public Call {
+  public:
+    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
+        return CopyForUnit(*this, unit);
+    }
+    bool TakesManyUnits() const override { return true; }
+    void UseUnit(const FleetUnit& unit) {
+        own_ = SettingValues(unit.values.begin(), unit.values.end());
+    }
+    const char* name() const override { return "diff"; }
+    const char* description() const override {
+        return "Compare a configuration file with the unit, or two files; exit status 3 for "
+               "differences";
+    }
+
+    void AddTo(CLI::App& app) override {
+        app.add_option("FILE", paths_, "A configuration file, and perhaps a second one")
+            ->required()
+            ->expected(1, 2);
+        filter_.AddTo(app);
+        app.add_flag("--json", json_, "Print one JSON object");
+    }
+    bool PrintsJson() const override { return json_; }
+
+    std::string Check(Tool& /*tool*/) override {
+        files_.assign(paths_.size(), {});
+        for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(paths_[i]);
+        return filter_.Check();
+    }
+
+    int Run(CallContext& context) override {
+        bool faulty = false;
+        for (const ConfigurationFiles& file : files_) {
+            for (const std::string& line : file.faults) context.ErrorLine(line);
+            for (const std::string& line : file.notes) context.ErrorLine(line);
+            faulty = faulty || !file.faults.empty();
+        }
+        if (faulty) return kExitUsage;
+        const ApplyReport report = files_.size() == 2 ? CompareFiles() : CompareWithUnit(context);
+        if (!report.error.empty()) context.complain(report.error);
+        context.Publish(ReportAsJson(report), json_);
+        if (!json_ && report.error.empty()) {
+            for (const std::string& line : ReportLines(report, {context.colours, false, true})) {
+                context.print(line);
+            }
+        }
+        return StatusOf(report);
+    }
+
+  private:
+    ApplyReport CompareFiles() const {
+        ApplyReport report =
+            CompareValues(files_[0].values, files_[1].values, filter_.filter());
+        report.unit = paths_[0];
+        return report;
+    }
+
+    ApplyReport CompareWithUnit(CallContext& context) const {
+        ApplyRequest request;
+        request.wanted = files_[0].values;
+        request.filter = filter_.filter();
+        request.own = own_;
+        request.compare_only = true;
+        UnitSession session(context.tool, context.options.timeout_limit());
+        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
+        ApplyReport report = Apply(session, request);
+        session.Disconnect();
+        return report;
+    }
+
+    std::vector<std::string> paths_;
+    std::vector<ConfigurationFiles> files_;
+    FilterOptions filter_;
+    SettingValues own_;  // of one unit of many
+    bool json_ = false;
+};
+
+class BackupCall : public Call {
+  public:
+    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
+        return CopyForUnit(*this, unit);
+    }
+    bool TakesManyUnits() const override { return true; }
+    void UseUnit(const FleetUnit& unit) {
+        if (!folder_.empty()) path_ = folder_ + "/" + FileNameOf(unit);
+    }
+    const char* name() const override { return "backup"; }
+    const char* description() const override {
+        return "Read every tab and the macro, and write them as a configuration file";
+    }
+
+    void AddTo(CLI::App& app) override {
+        app.add_option("FILE", path_, "The file to write; without it standard output");
+        app.add_flag("--secrets", secrets_,
+                     "Include what is secret and readable; the file is for its owner alone then");
+        app.add_option("--into", folder_, "With --units: the folder for a file of each unit");
+    }
+
+    std::string Check(Tool& /*tool*/) override {
+        if (path_.empty()) return {};
+        const auto why = WhyNotWritable(path_);
+        return why ? "cannot write " + path_ + ": " + *why : std::string();
+    }
+
+    int Run(CallContext& context) override {
+        UnitSession session(context.tool, context.options.timeout_limit());
+        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
+        const Backup backup = ReadBackup(session, secrets_);
+        session.Disconnect();
+        if (!backup.error.empty()) {
+            context.complain(backup.error + "; no backup was written");
+            return kExitUnit;
+        }
+        std::string text = WriteConfiguration(backup.unit, backup.values, backup.left_out);
+        if (path_.empty()) {
+            text.pop_back();  // its line end
+            context.print(text);
+            return kExitDone;
+        }
+        const auto why = ReplaceFile(path_, text,
+                                     secrets_ ? FileAccess::kOwnerOnly : FileAccess::kAsBefore);
+        if (!why) return kExitDone;
+        context.complain("cannot write " + path_ + ": " + *why);
+        return kExitUnit;
+    }
+
+  private:
+    std::string path_;
+    std::string folder_;
+    bool secrets_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Call> MakeApplyCall() { return std::make_unique<ApplyCall>(); }
+std::unique_ptr<Call> MakeSetCall() { return std::make_unique<SetCall>(); }
+std::unique_ptr<Call> MakeDiffCall() { return std::make_unique<DiffCall>(); }
+std::unique_ptr<Call> MakeBackupCall() { return std::make_unique<BackupCall>(); }
+
+}  // namespace kestrane

@@ -1,0 +1,38 @@
+#pragma once
+
+// The configuration files of a command line, and the options that say which settings count.
+
+#include <string>
+#include <vector>
+
+#include "cli/assignments.h"
+#include "configuration/engine.h"
+
+namespace CLI {
+class App;
+}
+
+namespace kestrane {
+
+// Several files as one: later ones win over earlier ones.
+struct ConfigurationFiles {
+    SettingValues values;
+    std::vector<std::string> faults;  // lines for standard error, as they stand
+    std::vector<std::string> notes;   // likewise, of what was passed over
+
+    void Add(const std::string& path);
+};
+
+// --only, --except, --identity, --live.
+class FilterOptions {
+  public:
+    void AddTo(CLI::App& app);
+    // What is wrong; empty if nothing is.
+    std::string Check() const;
+    const SettingFilter& filter() const { return filter_; }
+
+  private:
+    SettingFilter filter_;
+};
+
+}  // namespace kestrane
