@@ -3,9 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "cli/tabs.h"
 #include "common/command_table.h"
 #include "configuration/settings.h"
+#include "configuration/tabs.h"
 
 namespace kestrane {
 namespace {

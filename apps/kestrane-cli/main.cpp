@@ -63,7 +63,11 @@ std::optional<int> CheckMany(CommandLine& line) {
     }
     for (const std::string& fault : faults) {
         // A fault in a file begins with its place, for editors.
-        fault.starts_with("--") ? complain(prefix + fault) : WriteLine(stderr, fault);
+        if (fault.starts_with("--")) {
+            complain(prefix + fault);
+        } else {
+            WriteLine(stderr, fault);
+        }
     }
     if (faults.empty() && line.fleet.given()) {
         FiberServices host;

@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 
 #include "cli/calls.h"
 #include "cli/configuration_files.h"
@@ -52,7 +53,8 @@ class WritingCall : public Call {
     }
 
     std::string CheckWritingOptions() const {
-        if (undo_file_.empty()) return {};
+        // A folder is for many units.
+        if (undo_file_.empty() || std::filesystem::is_directory(undo_file_)) return {};
         if (const auto why = WhyNotWritable(undo_file_)) {
             return "--undo: cannot write " + undo_file_ + ": " + *why;
         }
@@ -102,6 +104,12 @@ class WritingCall : public Call {
 
     void Complain(CallContext& context, const ApplyReport& report) const {
         for (const std::string& note : report.notes) context.ErrorLine("note: " + note);
+        const bool written = report.result == Result::kChanged ||
+                             (report.result == Result::kFailed && !report.changes.empty());
+        if (written && !undo_file_.empty() && std::filesystem::exists(undo_file_)) {
+            context.ErrorLine("note: to go back: kestrane-cli apply " + undo_file_ +
+                              " --identity --live");
+        }
         if (!report.error.empty()) context.complain(report.error);
     }
 
@@ -157,6 +165,7 @@ class ApplyCall : public WritingCall {
         for (const auto& [setting, value] : ValuesOf(given_)) files_.values[setting] = value;
         return CheckWritingOptions();
     }
+    std::vector<std::string> FileFaults() const override { return files_.faults; }
 
     int Run(CallContext& context) override {
         for (const std::string& line : files_.faults) context.ErrorLine(line);
@@ -298,15 +307,20 @@ class DiffCall : public Call {
         for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(paths_[i]);
         return filter_.Check();
     }
+    std::vector<std::string> FileFaults() const override {
+        std::vector<std::string> all;
+        for (const ConfigurationFiles& file : files_) {
+            all.insert(all.end(), file.faults.begin(), file.faults.end());
+        }
+        return all;
+    }
 
     int Run(CallContext& context) override {
-        bool faulty = false;
+        for (const std::string& line : FileFaults()) context.ErrorLine(line);
         for (const ConfigurationFiles& file : files_) {
-            for (const std::string& line : file.faults) context.ErrorLine(line);
             for (const std::string& line : file.notes) context.ErrorLine(line);
-            faulty = faulty || !file.faults.empty();
         }
-        if (faulty) return kExitUsage;
+        if (!FileFaults().empty()) return kExitUsage;
         const ApplyReport report = files_.size() == 2 ? CompareFiles() : CompareWithUnit(context);
         if (!report.error.empty()) context.complain(report.error);
         context.Publish(ReportAsJson(report), json_);

@@ -24,9 +24,9 @@ struct TabResult {
     std::vector<Row> rows;
 };
 
-Row RowOf(const Control& control, bool with_secrets) {
+Row RowOf(const Session& session, const Control& control, bool with_secrets) {
     Row row{control.name(), FromByteText(CaptionOf(control)), {}, {}};
-    if (IsUnreadable(control)) {
+    if (IsUnreadable(session, control)) {
         row.shown = "-";
     } else if (IsSecret(control) && !with_secrets) {
         row.shown = "(secret)";
@@ -38,10 +38,10 @@ Row RowOf(const Control& control, bool with_secrets) {
     return row;
 }
 
-std::vector<Row> RowsOfPage(const MainForm& form, const TabRow& tab, bool with_secrets) {
+std::vector<Row> RowsOfPage(const Tool& tool, const TabRow& tab, bool with_secrets) {
     std::vector<Row> rows;
-    for (const Control* control : ValueControls(form, tab)) {
-        rows.push_back(RowOf(*control, with_secrets));
+    for (const Control* control : ValueControls(tool.main_form, tab)) {
+        rows.push_back(RowOf(tool.session, *control, with_secrets));
     }
     return rows;
 }
@@ -136,7 +136,7 @@ class ReadCall : public Call {
         if (tab.kind == TabKind::kMacro) {
             return {&tab, RowsOfProgram(session.Program(), tool.session.UnitType)};
         }
-        return {&tab, RowsOfPage(tool.main_form, tab, secrets_)};
+        return {&tab, RowsOfPage(tool, tab, secrets_)};
     }
 
     static void Report(CallContext& context, const std::vector<TabResult>& results,

@@ -108,8 +108,9 @@ std::string CaptionOf(const Control& control) {
     return LabelInWords(control);
 }
 
-bool IsUnreadable(const Control& control) {
-    return control.base_name() == "chkPriv" && !control.Visible();
+bool IsUnreadable(const Session& session, const Control& control) {
+    const bool right = control.base_name() == "chkPriv";
+    return right && (!control.Visible() || session.ConnectedPortIndex == 0);
 }
 
 bool IsSecret(const Control& control) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "configuration/tabs.h"
+#include "link/session.h"
 #include "screen/main_form.h"
 
 namespace kestrane {
@@ -19,8 +20,8 @@ std::vector<Control*> ValueControls(const MainForm& form, const TabRow& tab);
 // "Unit name:"; for one of many what tells it from the others, "outlet 3, upper".
 std::string CaptionOf(const Control& control);
 
-// A privilege of a column that the port may not read.
-bool IsUnreadable(const Control& control);
+// A privilege that the port may not read.
+bool IsUnreadable(const Session& session, const Control& control);
 bool IsSecret(const Control& control);
 
 // Texts with control codes as \xNN, flags as 0 and 1 or true and false, a list by its index and

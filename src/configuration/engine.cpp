@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "configuration/screen_values.h"
+#include "configuration/web_levels.h"
 #include "link/frame.h"
 #include "text/text.h"
 
@@ -61,7 +62,7 @@ class Application {
         }
         if (auto why = WriteUndo()) {
             report_.error = *why;
-            return End(Result::kFailed);
+            return End(Result::kRefused);
         }
         Write();
         return std::move(report_);
@@ -129,17 +130,35 @@ class Application {
     void LeaveTabAlone(const TabRow& tab) {
         for (const auto& [setting, wanted] : wanted_) {
             if (IsOn(*setting, tab)) {
-                report_.left_alone.push_back({setting, {}, wanted.value, "not on this unit"});
+                report_.left_alone.push_back({setting, {}, wanted.value, kNotOnThisUnit});
             }
         }
     }
 
+    // A password is compared by what the unit holds of it.
+    bool Holds(const Setting& setting, const ShownValue& shown, const SettingValue& value) const {
+        if (setting.write_only) {
+            return WebLevelHolds(tool_, LevelOf(setting), std::get<std::string>(value)) == true;
+        }
+        return shown.value && SameSetting(setting, *shown.value, value);
+    }
+
+    int LevelOf(const Setting& setting) const {
+        return tool_.main_form.Find(setting.control)->index();
+    }
+
     void Compare(const TabRow& tab) {
+        before_.clear();
+        for (const Setting& setting : Settings()) {
+            if (!IsOn(setting, tab)) continue;
+            before_[&setting] = ValueOnScreen(tool_, setting, session_.Program());
+        }
         for (const auto& [setting, wanted] : wanted_) {
             if (!IsOn(*setting, tab)) continue;
             const ShownValue shown = ValueOnScreen(tool_, *setting, session_.Program());
-            if (shown.value && SameSetting(*setting, *shown.value, wanted.value)) continue;
+            if (Holds(*setting, shown, wanted.value)) continue;
             std::string why = wanted.left_alone;
+            if (shown.why_not == kNotOnThisUnit) why = kNotOnThisUnit;
             if (why.empty() && setting->key.starts_with("privileges.") && !shown.value) {
                 refusals_.push_back(setting->key + ": " + shown.why_not);
                 continue;
@@ -166,7 +185,8 @@ class Application {
             if (IsOn(*change.setting, tab)) changes.push_back(&change);
         }
         if (changes.empty()) return;
-        if (tab.kind == TabKind::kMacro) return CheckProgram(changes);
+        if (tab.kind == TabKind::kMacro) return;  // put in when it is written
+        if (std::string_view(tab.name) == "security") TypeOtherLevels();
         std::map<const SettingChange*, Refusal> refused;
         constexpr int kPasses = 3;
         for (int pass = 0; pass < kPasses; ++pass) {
@@ -184,16 +204,56 @@ class Application {
             if (!standing) continue;
             refusals_.push_back(refused[change] ? *refused[change] : *standing);
         }
+        if (refusals_.empty()) FindSideEffects(tab);
         CheckTabTogether(tab);
     }
 
-    void CheckProgram(const std::vector<const SettingChange*>& changes) {
-        for (const SettingChange* change : changes) {
-            const auto& line = std::get<std::string>(change->after);
-            if (change->setting->key == "macro.7F" && Mid(line, 4, 2) != "00") {
-                refusals_.push_back("macro.7F: an upload clears the second byte at 7F; give 00");
+    // One salt serves all levels, so that a write sends all three: those that stay are typed as the
+    // unit holds them.
+    void TypeOtherLevels() {
+        SecurityTab& tab = tool_.main_form.security;
+        for (int level = 0; level < 3; ++level) {
+            TextBox& box = tab.txtWebPassword(level);
+            CheckBox& closed = tab.chkWebSecurityDisable(level);
+            const Setting& password = *SettingOfControl(box.name());
+            const bool changes = Changes(*SettingOfControl(closed.name()));
+            const auto wanted = wanted_.find(&password);
+            const bool known = wanted != wanted_.end() && wanted->second.left_alone.empty();
+            if (Changes(password)) continue;
+            if (!changes && StateOfWebLevel(tool_, level) == WebLevel::kClosed) {
+                tool_.hand.Click(closed);
+            } else if (changes || StateOfWebLevel(tool_, level) == WebLevel::kOpen) {
+                tool_.hand.Type(box, "");
+            } else if (known) {
+                tool_.hand.Type(box, std::get<std::string>(wanted->second.value));
             }
         }
+        tool_.hand.Leave();
+    }
+
+    // What a change brings about by itself belongs to it, unless the other was wanted: a trigger
+    // without an address is disabled, who may write the other ports' rights may read them.
+    void FindSideEffects(const TabRow& tab) {
+        const std::string_view name = tab.name;
+        for (const auto& [setting, before] : before_) {
+            if (Changes(*setting) || setting->write_only || !before.value) continue;
+            const auto standing = name == "security" ? ClosedOnScreen(*setting)
+                                                     : ValueOnScreen(tool_, *setting, {}).value;
+            if (!standing || SameSetting(*setting, *standing, *before.value)) continue;
+            const auto wanted = wanted_.find(setting);
+            if (wanted != wanted_.end() && wanted->second.left_alone.empty()) {
+                refusals_.push_back(setting->key + ": \"" +
+                                    ShownSetting(*setting, wanted->second.value) +
+                                    "\" can't stand beside the other values");
+            } else {
+                report_.changes.push_back({setting, before.value, *standing, {}, {}});
+            }
+        }
+    }
+
+    std::optional<SettingValue> ClosedOnScreen(const Setting& setting) const {
+        return SettingValue(
+            static_cast<CheckBox*>(tool_.main_form.Find(setting.control))->Checked());
     }
 
     bool Changes(const Setting& setting) const {
@@ -426,7 +486,9 @@ class Application {
             if (!IsOn(*change.setting, tab) || change.state == SettingState::kNotBegun) continue;
             const ShownValue shown = ValueOnScreen(tool_, *change.setting, session_.Program());
             change.reads = shown.value;
-            if (!shown.value) {
+            if (change.setting->write_only) {
+                VerifyPassword(change);
+            } else if (!shown.value) {
                 change.state = SettingState::kUnverified;
             } else if (SameSetting(*change.setting, *shown.value, change.after)) {
                 change.state = SettingState::kVerified;
@@ -434,6 +496,14 @@ class Application {
                 change.state = SettingState::kNotTaken;
             }
         }
+    }
+
+    void VerifyPassword(SettingChange& change) const {
+        const auto holds = WebLevelHolds(tool_, LevelOf(*change.setting),
+                                         std::get<std::string>(change.after));
+        change.state = !holds   ? SettingState::kUnverified
+                       : *holds ? SettingState::kVerified
+                                : SettingState::kNotTaken;
     }
 
     std::string WhatWasNotTaken() const {
@@ -460,6 +530,7 @@ class Application {
     const ApplyRequest& request_;
     ApplyReport report_;
     std::map<const Setting*, Wanted> wanted_;
+    std::map<const Setting*, ShownValue> before_;  // of the tab that is being typed
     std::vector<std::string> refusals_;
     std::uint64_t first_exchange_ = 0;
 };
@@ -546,8 +617,9 @@ Backup ReadBackup(UnitSession& session, bool with_secrets) {
         if (!missing && !network && !session.Read(tab)) return fail();
         for (const Setting& setting : Settings()) {
             if (!IsOn(setting, tab)) continue;
-            const ShownValue shown = missing ? ShownValue{{}, "not on this unit"}
-                                             : ValueOnScreen(tool, setting, session.Program());
+            const ShownValue shown =
+                missing ? ShownValue{{}, kNotOnThisUnit}
+                        : ValueOnScreen(tool, setting, session.Program());
             if (setting.secret && !with_secrets && shown.value) {
                 backup.left_out[&setting] = "secret";
             } else if (shown.value) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "configuration/web_levels.h"
 #include "link/frame.h"
 #include "macro/instruction_set.h"
 #include "text/terminal.h"
@@ -37,26 +38,15 @@ std::string MacroText(const Setting& setting, const MacroMemory& program,
            Trim(CmdDecode(opcode, second, unit_type));
 }
 
-// The level's block as the last read got it: a level that is closed holds zeros, which the tab
-// can't tell from a password.
-std::optional<std::string> LevelBlock(const Tool& tool, int address) {
-    const auto& exchanges = tool.link.journal().exchanges();
-    for (auto at = exchanges.rbegin(); at != exchanges.rend(); ++at) {
-        if (at->connection == tool.link.connection() && at->IsRead() && at->Accepted() &&
-            at->address == address && at->board == tool.session.DisplayAddress) {
-            return at->data;
-        }
-    }
-    return {};
-}
-
 ShownValue OfCheckBox(Tool& tool, const Setting& setting, const CheckBox& box) {
-    if (setting.key.starts_with("privileges.") && !box.Visible()) {
-        return {{}, "the port may not read it"};
+    if (setting.key.starts_with("privileges.")) {
+        if (tool.session.ConnectedPortIndex == 0) {
+            return {{}, "over this connection the rights can't be told"};
+        }
+        if (!box.Visible()) return {{}, "the port may not read it"};
     }
     if (setting.key.starts_with("security.")) {
-        const auto block = LevelBlock(tool, setting.places.back().address);
-        if (block == std::string(kBlockSize, '\0')) return {SettingValue(true), {}};
+        return {SettingValue(StateOfWebLevel(tool, box.index()) == WebLevel::kClosed), {}};
     }
     return {SettingValue(box.Checked()), {}};
 }
@@ -74,6 +64,9 @@ ShownValue OfText(const Setting& setting, const std::string& text) {
 }
 
 ShownValue OfControl(Tool& tool, const Setting& setting, const Control& control) {
+    if (setting.key.starts_with("names.inlet.backup.") && !control.Visible()) {
+        return {{}, kNotOnThisUnit};
+    }
     switch (control.kind()) {
         case Kind::kTextBox:
             return OfText(setting, static_cast<const TextBox&>(control).Text());
@@ -181,6 +174,8 @@ std::optional<SettingValue> Standing(Tool& tool, const Setting& setting) {
 // Red tells a value that can't be written, but on the changeover tab one that is new.
 bool IsRed(MainForm& form, const Setting& setting, const Control& control) {
     if (std::string_view(setting.tab) == "changeover") return false;
+    // A trigger's box that was emptied stays red, and one that is wrong is emptied.
+    if (setting.key.ends_with(".address")) return false;
     if (control.ForeColor() == kRed) return true;
     NetworkTab& net = form.network;
     const std::pair<const TextBox*, const Label*> labelled[] = {

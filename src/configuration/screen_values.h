@@ -11,6 +11,8 @@
 
 namespace kestrane {
 
+inline constexpr char kNotOnThisUnit[] = "not on this unit";
+
 struct ShownValue {
     std::optional<SettingValue> value;
     std::string why_not;  // why there is none: "the unit does not give it back"

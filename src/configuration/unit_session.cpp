@@ -155,6 +155,9 @@ bool UnitSession::Read(const TabRow& tab) {
         case TabKind::kSettings:
             break;
     }
+    // Over a port that is none of the unit's three its rights can't be told, and nothing is sent.
+    const bool rights = std::string_view(tab.name) == "privileges";
+    if (rights && tool_.session.ConnectedPortIndex == 0) return SelectTab(tab);
     return SelectTab(tab) && Press(*form_.Find(tab.read_button), tab.read_operation);
 }
 
@@ -195,7 +198,6 @@ std::string UnitSession::WhyFailed(const OperationRecord& record) const {
     return record.name + ": " + record.why;
 }
 
-// Over a port that is none of the three the unit's rights can't be told, and nothing is sent.
 bool UnitSession::ReadFacts() {
     return Operate("Read Firmware Versions", [this] {
         const Link::Operation operation(tool_.link, "Read Firmware Versions");

@@ -166,6 +166,13 @@ SettingValue Normal(const Setting& setting, SettingValue value) {
 }
 
 bool SameSetting(const Setting& setting, const SettingValue& a, const SettingValue& b) {
+    // The second byte there is left alone: an upload clears it.
+    if (setting.key == "macro.7F") {
+        const auto opcode = [&](const SettingValue& value) {
+            return UpperCase(std::get<std::string>(value).substr(0, 2));
+        };
+        return opcode(a) == opcode(b);
+    }
     return Normal(setting, a) == Normal(setting, b);
 }
 

@@ -150,6 +150,7 @@ void Console::FormOpened(Form& form) {
     if (stack_.empty() || stack_.back()->over) return;
     Running& running = *stack_.back();
     running.over = true;
+    running.stands_in = &form;
     if (running.started) {
         --started_;
         return;
@@ -163,7 +164,15 @@ void Console::FormShown(Form& form) {
     Tell({{"event", "form"}, {"name", form.name()}, {"open", true}});
 }
 
+// What was begun by `start` and waited for the form goes on.
 void Console::FormHidden(Form& form) {
+    for (Running* running : stack_) {
+        if (running->stands_in != &form) continue;
+        running->stands_in = nullptr;
+        if (!running->started) continue;
+        running->over = false;
+        ++started_;
+    }
     Tell({{"event", "form"}, {"name", form.name()}, {"open", false}});
 }
 

@@ -62,7 +62,8 @@ class Console : public ScreenListener {
     // A command whose handling is on the stack.
     struct Running {
         bool started;       // begun by `start`: it has been answered
-        bool over = false;  // it has returned or opened a modal form
+        bool over = false;  // it has returned or stands in a modal form
+        const Form* stands_in = nullptr;
     };
     class OnStack;
 
