@@ -6,7 +6,6 @@
 #include "cli/configuration_files.h"
 #include "cli/fleet_list.h"
 #include "cli/report_lines.h"
-#include "macro/whole_file.h"
 
 namespace kestrane {
 namespace {
@@ -52,10 +51,10 @@ class WritingCall : public Call {
         app.add_flag("--json", json_, "Print one JSON object");
     }
 
-    std::string CheckWritingOptions() const {
+    std::string CheckWritingOptions(FileStore& disk) const {
         // A folder is for many units.
         if (undo_file_.empty() || std::filesystem::is_directory(undo_file_)) return {};
-        if (const auto why = WhyNotWritable(undo_file_)) {
+        if (const auto why = disk.WhyNotWritable(undo_file_)) {
             return "--undo: cannot write " + undo_file_ + ": " + *why;
         }
         return {};
@@ -148,7 +147,7 @@ class ApplyCall : public WritingCall {
         AddWritingOptions(app);
     }
 
-    std::string Check(Tool& /*tool*/) override {
+    std::string Check(Tool& tool) override {
         if (paths_.empty() && assignments_.empty()) {
             return "name a configuration file, or give --set KEY=VALUE";
         }
@@ -161,9 +160,9 @@ class ApplyCall : public WritingCall {
             given_.push_back(*assignment);
         }
         files_ = {};
-        for (const std::string& path : paths_) files_.Add(path);
+        for (const std::string& path : paths_) files_.Add(tool.link.platform().disk, path);
         for (const auto& [setting, value] : ValuesOf(given_)) files_.values[setting] = value;
-        return CheckWritingOptions();
+        return CheckWritingOptions(tool.link.platform().disk);
     }
     std::vector<std::string> FileFaults() const override { return files_.faults; }
 
@@ -218,7 +217,7 @@ class SetCall : public WritingCall {
         AddWritingOptions(app);
     }
 
-    std::string Check(Tool& /*tool*/) override {
+    std::string Check(Tool& tool) override {
         given_.clear();
         for (const std::string& text : assignments_) {
             std::string error;
@@ -226,7 +225,7 @@ class SetCall : public WritingCall {
             if (!assignment) return error;
             given_.push_back(*assignment);
         }
-        return CheckWritingOptions();
+        return CheckWritingOptions(tool.link.platform().disk);
     }
 
     int Run(CallContext& context) override {
@@ -302,9 +301,9 @@ class DiffCall : public Call {
     }
     bool PrintsJson() const override { return json_; }
 
-    std::string Check(Tool& /*tool*/) override {
+    std::string Check(Tool& tool) override {
         files_.assign(paths_.size(), {});
-        for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(paths_[i]);
+        for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(tool.link.platform().disk, paths_[i]);
         return filter_.Check();
     }
     std::vector<std::string> FileFaults() const override {
@@ -381,9 +380,9 @@ class BackupCall : public Call {
         app.add_option("--into", folder_, "With --units: the folder for a file of each unit");
     }
 
-    std::string Check(Tool& /*tool*/) override {
+    std::string Check(Tool& tool) override {
         if (path_.empty()) return {};
-        const auto why = WhyNotWritable(path_);
+        const auto why = tool.link.platform().disk.WhyNotWritable(path_);
         return why ? "cannot write " + path_ + ": " + *why : std::string();
     }
 
@@ -402,8 +401,9 @@ class BackupCall : public Call {
             context.print(text);
             return kExitDone;
         }
-        const auto why = ReplaceFile(path_, text,
-                                     secrets_ ? FileAccess::kOwnerOnly : FileAccess::kAsBefore);
+        const auto why = context.tool.link.platform().disk.Replace(
+            path_, text,
+            secrets_ ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
         if (!why) return kExitDone;
         context.complain("cannot write " + path_ + ": " + *why);
         return kExitUnit;

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "macro/whole_file.h"
 #include "text/terminal.h"
 
 namespace kestrane {
@@ -17,13 +16,13 @@ bool FitsAKey(const std::string& prefix) {
 
 }  // namespace
 
-void ConfigurationFiles::Add(const std::string& path) {
-    const FileContent content = ReadWholeFile(path);
+void ConfigurationFiles::Add(FileStore& disk, const std::string& path) {
+    const FileStore::Content content = disk.Read(path);
     if (content.error) {
         faults.push_back(path + ": cannot be read: " + *content.error);
         return;
     }
-    const ConfigurationText text = ReadConfiguration(content.content);
+    const ConfigurationText text = ReadConfiguration(content.bytes);
     for (const FileFault& fault : text.faults) faults.push_back(fault.Line(path));
     for (const FileFault& note : text.notes) notes.push_back(note.Line(path));
     for (const auto& [setting, value] : text.values) values[setting] = value;

@@ -7,6 +7,7 @@
 
 #include "cli/assignments.h"
 #include "configuration/engine.h"
+#include "platform/file_store.h"
 
 namespace CLI {
 class App;
@@ -20,7 +21,7 @@ struct ConfigurationFiles {
     std::vector<std::string> faults;  // lines for standard error, as they stand
     std::vector<std::string> notes;   // likewise, of what was passed over
 
-    void Add(const std::string& path);
+    void Add(FileStore& disk, const std::string& path);
 };
 
 // --only, --except, --identity, --live.

@@ -99,7 +99,7 @@ class CheckCall : public Call {
         int status = kExitDone;
         for (const std::string& path : paths_) {
             ConfigurationFiles files;
-            files.Add(path);
+            files.Add(context.tool.link.platform().disk, path);
             for (const std::string& line : files.faults) context.ErrorLine(line);
             for (const std::string& line : files.notes) context.ErrorLine(line);
             if (files.faults.empty()) {
