@@ -254,7 +254,7 @@ void ScriptEditWindow::Redo() { editor_.edits().Redo(); }
 
 // From the cursor to where Shift began to be held, else the cursor's line alone.
 void ScriptEditWindow::Copy() {
-    const auto [first, last] = std::minmax(anchor_, Cursor());
+    const auto [first, last] = std::minmax({anchor_, Cursor()});
     const std::string lines =
         editor_.edits().Lines(static_cast<std::uint8_t>(first), static_cast<std::uint8_t>(last));
     QGuiApplication::clipboard()->setText(QString::fromStdString(lines));
@@ -323,7 +323,7 @@ void ScriptEditWindow::ShowRow(int row) {
     if (!view) return;
     const EditorState& state = editor_.state();
     const auto address = static_cast<std::uint8_t>(state.ListTop + row);
-    const auto [first, last] = std::minmax(anchor_, Cursor());
+    const auto [first, last] = std::minmax({anchor_, Cursor()});
     RowMarks marks;
     marks.insert = address == state.MemPointer;
     marks.differs = editor_.unit_program().Differs(state.image, address);

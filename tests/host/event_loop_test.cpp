@@ -90,8 +90,8 @@ TEST(OpenStandardDescriptorsDeathTest, OpensTheClosedOnesAndNoOthers) {
             const int next = dup(STDERR_FILENO);
             char byte = 0;
             const bool empty = read(STDIN_FILENO, &byte, 1) == 0;
-            const bool open = write(STDOUT_FILENO, "x", 1) == 1;
-            _exit(empty && open && next > STDERR_FILENO ? 0 : 1);
+            const bool refused = write(STDOUT_FILENO, "x", 1) == -1;
+            _exit(empty && refused && next > STDERR_FILENO ? 0 : 1);
         },
         testing::ExitedWithCode(0), "");
 }
