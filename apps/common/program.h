@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <string>
 
@@ -23,13 +22,13 @@ bool WriteLine(FILE* stream, const std::string& line);
 class StandardOutput {
   public:
     void Print(const std::string& line) {
-        if (!WriteLine(stdout, line) && problem_.empty()) problem_ = std::strerror(errno);
+        if (!WriteLine(stdout, line) && error_ == 0) error_ = errno;
     }
-    // Why a line did not get out; empty if all have.
-    const std::string& problem() const { return problem_; }
+    // The errno of the first line that did not get out; 0 if all have.
+    int error() const { return error_; }
 
   private:
-    std::string problem_;
+    int error_ = 0;
 };
 
 // One line on standard error that begins with the program's name.

@@ -4,8 +4,10 @@
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <utility>
 
 #include "common/program.h"
@@ -137,9 +139,12 @@ int Run(CommandLine& line) {
     }
     int status = line.chosen->Run(context);
     host.tcpsend.Close();
-    if (!output.problem().empty()) {
-        complain(prefix + "standard output: " + output.problem());
+    if (output.error() != 0) {
         status = kExitUnit;
+        // A reader that has seen enough, such as head, ends it without a word.
+        if (output.error() != EPIPE) {
+            complain(prefix + "standard output: " + std::strerror(output.error()));
+        }
     }
     host.loop.Exit(signal_status != 0 ? signal_status : status);
 }
