@@ -3,9 +3,9 @@
 // The services of one tool among many in one process: as HostServices, but what happens to them
 // comes as events of the tool's own fiber. A QCoreApplication must exist first.
 
+#include "host/curl_http_reader.h"
 #include "host/disk.h"
 #include "host/fiber_loop.h"
-#include "host/qt_http_reader.h"
 #include "host/qt_services.h"
 #include "host/qt_tcp_client.h"
 #include "host/qt_timer_service.h"
@@ -33,7 +33,7 @@ class FiberHttpReader : public HttpReader {
 
   private:
     FiberLoop& loop_;
-    QtHttpReader reader_;
+    CurlHttpReader reader_;
     // Of the fetch under way; what a cancelled one has posted finds it gone.
     std::shared_ptr<Events> events_;
 };

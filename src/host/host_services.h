@@ -3,9 +3,9 @@
 // The services that need no display, in one place. A program adds its boxes, its file dialogs and
 // its sound, and has a whole Platform. A QCoreApplication must exist first.
 
+#include "host/curl_http_reader.h"
 #include "host/disk.h"
 #include "host/qt_event_loop.h"
-#include "host/qt_http_reader.h"
 #include "host/qt_services.h"
 #include "host/qt_tcp_client.h"
 #include "host/qt_timer_service.h"
@@ -26,7 +26,7 @@ struct HostServices {
     QtEventLoop loop;
     QtTimerService timers;
     QtTcpClient tcpsend;
-    QtHttpReader http;
+    CurlHttpReader http;
     QtClock clock;
     QtRandom random;
     Disk disk;

@@ -20,9 +20,9 @@ class HttpReader {
     virtual ~HttpReader() = default;
 
     // Starts the fetch and returns at once. A fetch under way is cancelled first. With
-    // `bypass_cache` no cached copy is used. A page that is larger than 1 MiB or not text, an
-    // HTTP status other than 200, a redirect to another host and a fetch of more than 30 s in
-    // all count as failed.
+    // `bypass_cache` no cached copy is used. The content is any bytes. A page larger than 1 MiB, an
+    // incomplete or malformed one, an HTTP status other than 200, a redirect to another host and a
+    // fetch of more than 30 s in all count as failed.
     virtual void Start(const std::string& url, bool bypass_cache, Events events) = 0;
 
     // Ends the fetch under way without an event; does nothing when idle.

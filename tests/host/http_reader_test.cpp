@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "host/qt_http_reader.h"
+#include "host/curl_http_reader.h"
 #include "host_test_support.h"
 
 namespace kestrane {
@@ -23,7 +23,7 @@ class HttpReaderTest : public testing::Test {
   protected:
     HttpReaderTest() {
         limits_.bytes = 1000;
-        reader_ = std::make_unique<QtHttpReader>(limits_);
+        reader_ = std::make_unique<CurlHttpReader>(limits_);
     }
 
     // Answers by the path that was asked for; an unknown path gets no answer.
@@ -69,8 +69,8 @@ class HttpReaderTest : public testing::Test {
     std::string last_request_;
     LoopbackServer server_{
         [this](QTcpSocket& socket, const std::string& request) { Serve(socket, request); }};
-    QtHttpReader::Limits limits_;
-    std::unique_ptr<QtHttpReader> reader_;
+    CurlHttpReader::Limits limits_;
+    std::unique_ptr<CurlHttpReader> reader_;
     std::size_t progress_ = 0;
     int ends_ = 0;
     int error_ = 0;
@@ -92,6 +92,8 @@ TEST_F(HttpReaderTest, WhatCountsAsFailed) {
     const std::string chunked = "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n";
     pages_["/cut-chunk"] = chunked + "9\r\nhell";
     pages_["/no-end"] = chunked + "5\r\nhello\r\n";
+    pages_["/no-size"] = chunked + "zz\r\nhello\r\n0\r\n\r\n";
+    pages_["/long-chunk"] = chunked + "5\r\nhello, world\r\n0\r\n\r\n";
     pages_["/missing"] = Page("404 Not Found", "sorry");
     pages_["/partial"] = Page("206 Partial Content", "half");
     pages_["/cut"] = "HTTP/1.1 200 OK\r\nContent-Length: 500\r\n\r\nthat was it";
@@ -100,21 +102,21 @@ TEST_F(HttpReaderTest, WhatCountsAsFailed) {
     pages_["/file"] = Page("302 Found", "", "Location: file:///etc/passwd\r\n");
     pages_["/round"] = Page("302 Found", "", "Location: /round\r\n");
     pages_["/good"] = Page("200 OK", "good");
-    EXPECT_EQ(Fetch(Url("/large")), QtHttpReader::kTooLarge);
-    EXPECT_EQ(Fetch(Url("/endless")), QtHttpReader::kTooLarge);
+    EXPECT_EQ(Fetch(Url("/large")), CurlHttpReader::kTooLarge);
+    EXPECT_EQ(Fetch(Url("/endless")), CurlHttpReader::kTooLarge);
     EXPECT_LT(progress_, 100'000u);
-    for (const char* path : {"/cut-chunk", "/no-end"}) {
+    for (const char* path : {"/cut-chunk", "/no-end", "/no-size", "/long-chunk"}) {
         EXPECT_NE(Fetch(Url(path)), 0) << path;
     }
     EXPECT_EQ(Fetch(Url("/missing")), 404);
     EXPECT_EQ(Fetch(Url("/partial")), 206);
     EXPECT_NE(Fetch(Url("/cut")), 0);
     EXPECT_NE(Fetch(Url("/nonsense")), 0);
-    EXPECT_EQ(Fetch(Url("/away")), QtHttpReader::kRedirectRefused);
+    EXPECT_EQ(Fetch(Url("/away")), CurlHttpReader::kRedirectRefused);
     EXPECT_NE(Fetch(Url("/file")), 0);
     EXPECT_NE(Fetch(Url("/round")), 0);
-    EXPECT_EQ(Fetch("ftp://127.0.0.1/"), QtHttpReader::kBadAddress);
-    EXPECT_EQ(Fetch("nothing of the kind"), QtHttpReader::kBadAddress);
+    EXPECT_EQ(Fetch("ftp://127.0.0.1/"), CurlHttpReader::kBadAddress);
+    EXPECT_EQ(Fetch("nothing of the kind"), CurlHttpReader::kBadAddress);
     LoopbackServer gone;
     const int free_port = gone.port();
     gone.StopListening();
@@ -131,8 +133,8 @@ TEST_F(HttpReaderTest, ARedirectOnTheSameHost_IsFollowed) {
 
 TEST_F(HttpReaderTest, AServerThatHangs_IsGivenUp) {
     limits_.total = milliseconds(20);
-    reader_ = std::make_unique<QtHttpReader>(limits_);
-    EXPECT_EQ(Fetch(Url("/no/answer")), QtHttpReader::kTooSlow);
+    reader_ = std::make_unique<CurlHttpReader>(limits_);
+    EXPECT_EQ(Fetch(Url("/no/answer")), CurlHttpReader::kTooSlow);
 }
 
 TEST_F(HttpReaderTest, ANewStart_EndsTheOldFetchWithoutAnEvent) {
@@ -157,7 +159,7 @@ TEST_F(HttpReaderTest, AnEventMayStartPumpOrDestroy) {
     reader_->Start(Url("/one"), true, first);
     EXPECT_TRUE(PumpUntil(host_.loop, [&] { return reader_ == nullptr; }));
 
-    reader_ = std::make_unique<QtHttpReader>(limits_);
+    reader_ = std::make_unique<CurlHttpReader>(limits_);
     auto by_progress = Watch();
     by_progress.progress = [&](std::size_t) { reader_.reset(); };
     reader_->Start(Url("/one"), true, by_progress);
