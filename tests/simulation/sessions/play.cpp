@@ -154,12 +154,7 @@ void Player::DoLine(const Step& step) {
 void Player::DoRest(const Step& step) {
     switch (step.action) {
         case Action::kRights:
-            for (std::size_t port = unit::kPrivileges; port < unit::kPrivilegesEnd; port += 2) {
-                const int rights = static_cast<int>(step.b % 256);
-                stage_.unit(step.a).Relay().Set(port, rights);
-                stage_.unit(step.a).Display().Set(port, rights);
-            }
-            return;
+            return stage_.SetRights(step.a, static_cast<int>(step.b % 256));
         case Action::kForget:
             return stage_.Forget(step.a);
         case Action::kSeveral:
@@ -226,8 +221,10 @@ void Player::Recover(milliseconds begin) {
         });
     }
     At(begin + milliseconds(2500), [this] { Need(tool_.hand.Click(stage_.form.cmdDisconnect)); });
-    // The second of a socket error passes meanwhile.
+    // The second of a socket error passes meanwhile. What a write under way has still stored is
+    // forgotten.
     At(begin + milliseconds(4000), [this] {
+        for (const unsigned number : {0, 1}) stage_.Forget(number);
         Need(tool_.hand.Type(stage_.form.txtTimeout, "3"));
         Need(tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[0]));
         Need(tool_.hand.Type(stage_.form.txtCurrentPort, "1243"));

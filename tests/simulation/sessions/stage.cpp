@@ -47,7 +47,15 @@ Stage::~Stage() {
 
 void Stage::Forget(unsigned number) {
     units_[number % 2] = std::make_unique<unit::Unit>(OptionsOf(number % 2));
-    ++forgets_;
+    ++changes_;
+}
+
+void Stage::SetRights(unsigned number, int rights) {
+    for (std::size_t port = unit::kPrivileges; port < unit::kPrivilegesEnd; port += 2) {
+        unit(number).Relay().Set(port, rights);
+        unit(number).Display().Set(port, rights);
+    }
+    ++changes_;
 }
 
 void Stage::MakeWell() {
@@ -89,7 +97,7 @@ void Stage::CheckOwner(int board, int command) const {
 void Stage::ExchangeBegan(const Exchange& exchange) {
     newest_ = exchange.number;
     under_way_[exchange.number] = exchange;
-    forgets_before_[exchange.number] = forgets_;
+    changes_before_[exchange.number] = changes_;
     CheckTable(exchange);
     CheckAddress(exchange);
 }
@@ -101,7 +109,7 @@ void Stage::ExchangeEnded(const Exchange& exchange) {
     CheckMemory(exchange);
     CheckFirst(exchange);
     under_way_.erase(exchange.number);
-    forgets_before_.erase(exchange.number);
+    changes_before_.erase(exchange.number);
 }
 
 void Stage::ControlChanged(Control& control, Property property) {
@@ -167,7 +175,7 @@ void Stage::CheckMoment() const {
 // What the journal says of a write is what the unit holds.
 void Stage::CheckMemory(const Exchange& exchange) {
     if (exchange.command != kWriteMemory || !exchange.Accepted()) return;
-    if (forgets_before_[exchange.number] != forgets_) return;
+    if (changes_before_[exchange.number] != changes_) return;
     unit::Unit& unit = *units_[connected_to_];
     const auto& memory = IsDisplay(exchange.board) ? unit.Display() : unit.Relay();
     const std::string held =

@@ -32,6 +32,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     unit::Unit& unit(unsigned number) { return *units_[number % 2]; }
     // The unit is as it came from the factory.
     void Forget(unsigned number);
+    // What each of its ports may do.
+    void SetRights(unsigned number, int rights);
     // What holds between events, whatever has happened.
     void CheckMoment() const;
     // The live status commands that the units have got.
@@ -55,12 +57,12 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     std::optional<ReplyLine> line_;
     unsigned connected_to_ = 0;
     int control_port_ = 1;
-    int forgets_ = 0;
+    int changes_ = 0;  // of the units' memory by anything but the line
     int status_polls_ = 0;
     std::string first_change_;  // of Label3 since the last frame
     std::uint64_t newest_ = 0;  // exchange
     std::map<std::uint64_t, Exchange> under_way_;
-    std::map<std::uint64_t, int> forgets_before_;
+    std::map<std::uint64_t, int> changes_before_;
     std::map<std::uint64_t, int> unit_of_operation_;  // the relay address of its first exchange
     // Blocks of the tables that this connection has read, by connection and address.
     std::set<std::pair<int, int>> read_;
