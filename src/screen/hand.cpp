@@ -39,10 +39,15 @@ Refusal Hand::GoTo(Control& control) {
 }
 
 // Leaving the old control may have changed what can be used, or sent the focus to a control that
-// wants to be looked at first. Whoever has only said something lets the hand go on.
+// wants to be looked at first. Whoever has only said something lets the hand go on. A box may also
+// have stayed open until another unit was connected.
 Refusal Hand::MoveTo(Control& control) {
+    const int connection = connection_();
     GoTo(control);
     if (auto refusal = CheckUsable(control)) return refusal;
+    if (connection_() != 0 && connection_() != connection) {
+        return control.name() + ": another connection has begun in the meantime";
+    }
     const Control* const focused = control.form().Focused();
     if (control.TakesFocus() && focused && focused != &control) {
         return control.name() + ": " + focused->name() + " has taken the focus back";

@@ -4,9 +4,11 @@
 // what is disabled, hidden, on another tab or behind a modal form, runs key filters and the
 // maximum length, and keeps the order of validation, lost focus and got focus.
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "screen/screen.h"
 
@@ -17,7 +19,11 @@ using Refusal = std::optional<std::string>;
 
 class Hand {
   public:
-    explicit Hand(Screen& screen) : screen_(screen) {}
+    // `connection` numbers the connection to a unit, 0 for none: what a hand begins on one does
+    // not go on upon the next.
+    explicit Hand(
+        Screen& screen, std::function<int()> connection = [] { return 0; })
+        : screen_(screen), connection_(std::move(connection)) {}
 
     static constexpr int kBackspace = 8;
     static constexpr int kShiftKey = 16;
@@ -58,6 +64,7 @@ class Hand {
     void TypeKey(TextBox& box, int code);
 
     Screen& screen_;
+    std::function<int()> connection_;
 };
 
 }  // namespace kestrane

@@ -49,9 +49,8 @@ class Tool {
     ConfirmPasswordForm confirm_form{screen};
     HelpForm help_form{screen};
     ScriptEditForm script_edit_form{screen, InsertButtons()};
-    Hand hand{screen};
-
     Link link;
+    Hand hand{screen, [this] { return link.connection(); }};
     Supervision supervision{main_form, session, link};
     Shell shell{main_form, session, link};
     Identity identity{main_form, session, link};

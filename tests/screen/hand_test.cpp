@@ -27,7 +27,8 @@ struct HandTest : ::testing::Test {
     Screen screen{world.platform()};
     MainForm form{screen};
     HelpForm help{screen};
-    Hand hand{screen};
+    int connection = 0;
+    Hand hand{screen, [this] { return connection; }};
     std::string log;
 };
 
@@ -78,6 +79,12 @@ TEST_F(HandTest, ABoxThatTakesTheFocusBackWhenItIsLeftStopsTheHand) {
     box.on_lost_focus = [&] { form.network.txtUnitLocation.SetText("told"); };
     EXPECT_FALSE(hand.Click(form.network.chkDHCP));
     EXPECT_EQ(log, "got dhcp click dhcp ");
+    // What was meant for one unit does not reach the next.
+    hand.Type(box, "z");
+    box.on_lost_focus = [&] { connection = 2; };
+    log.clear();
+    EXPECT_TRUE(hand.Click(form.network.chkDHCP));
+    EXPECT_EQ(log, "got dhcp ");
 }
 
 TEST_F(HandTest, AChoiceLooksAgainAfterLeavingTheOldBox) {

@@ -50,6 +50,8 @@ class Player {
 
     Stage& stage_;
     Tool& tool_;
+    // The story is over: what its last steps still do, in boxes that stayed open, is cut short.
+    bool recovering_ = false;
     bool recovered_ = false;
     int polls_before_ = 0;
 };
@@ -62,7 +64,7 @@ void Player::Do(const Step& step) {
 
 void Player::ConnectTo(unsigned number) {
     tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[number % 2]);
-    tool_.hand.Click(stage_.form.cmdConnect);
+    if (!recovering_) tool_.hand.Click(stage_.form.cmdConnect);
 }
 
 void Player::Press(const std::string& name) {
@@ -77,7 +79,7 @@ void Player::Press(const std::string& name) {
             tool_.hand.Choose(stage_.form.SSTab1, page->index());
         }
     }
-    tool_.hand.Click(*control);
+    if (!recovering_) tool_.hand.Click(*control);
 }
 
 void Player::Type(unsigned box, unsigned text) {
@@ -213,9 +215,12 @@ void Player::OpenEditor(milliseconds begin) {
 }
 
 void Player::Recover(milliseconds begin) {
-    At(begin, [this] { stage_.MakeWell(); });
+    At(begin, [this] {
+        recovering_ = true;
+        stage_.MakeWell();
+    });
     // A transfer asks, or begins its pause, before its form closes.
-    for (const int later : {10, 800, 1600}) {
+    for (const int later : {10, 800, 1600, 2450}) {
         At(begin + milliseconds(later), [this] {
             if (&Active() != &stage_.form) tool_.hand.Close(Active());
         });
