@@ -50,9 +50,11 @@ PendingChanges::PendingChanges(Tool& tool) : tool_(tool) {
     }
     tool.screen.AddListener(*this);
     tool.link.journal().AddObserver(*this);
+    tool.changeover.on_live_shown = [this] { LearnLive(); };
 }
 
 PendingChanges::~PendingChanges() {
+    tool_.changeover.on_live_shown = nullptr;
     tool_.link.journal().RemoveObserver(*this);
     tool_.screen.RemoveListener(*this);
 }
@@ -175,6 +177,13 @@ void PendingChanges::ExchangeEnded(const Exchange& exchange) {
     }
 }
 
+// Live values are in no read: the refresh brings them later.
+void PendingChanges::LearnLive() {
+    for (const Setting* setting : EditableSettings()) {
+        if (setting->live) Learn(*setting, ShownIn(tool_.main_form, *setting));
+    }
+}
+
 void PendingChanges::LearnRead(const OperationRecord& operation) {
     const std::string_view tab = TabOfOperation(operation.name);
     for (const Setting* setting : EditableSettings()) {
@@ -183,7 +192,7 @@ void PendingChanges::LearnRead(const OperationRecord& operation) {
         const bool whole =
             accepted != accepted_.end() &&
             accepted->second.size() >= std::max<std::size_t>(1, setting->places.size());
-        if (operation.Complete() || whole) {
+        if ((operation.Complete() || whole) && !setting->live) {
             Learn(*setting, ShownIn(tool_.main_form, *setting));
         } else {
             Drop(*setting);

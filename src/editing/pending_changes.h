@@ -62,6 +62,7 @@ class PendingChanges : public ScreenListener, public JournalObserver {
     void Compare(const Setting& setting);
     void Tell();
     bool Reading() const;
+    void LearnLive();
     void LearnRead(const OperationRecord& operation);
     void LearnWritten(const OperationRecord& operation);
 

@@ -24,6 +24,9 @@ void UndoHistory::Restart() {
 
 void UndoHistory::Settle() {
     Step step{{}, visited_, false};
+    for (const Setting* setting : EditableSettings()) {
+        if (const auto value = pending_.UnitValue(*setting)) seen_.try_emplace(setting, *value);
+    }
     for (auto& [setting, seen] : seen_) {
         if (!pending_.UnitValue(*setting)) continue;
         std::string now = ShownIn(tool_.main_form, *setting);

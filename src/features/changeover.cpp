@@ -168,6 +168,7 @@ void Changeover::ShowFirstLiveValues(const LiveRecord& live) {
     ChooseInlet(tab_.optInLive, live.inlet);
     tab_.lblDefaultIn.SetCaption(std::to_string(live.inlet));
     session_.known.changeover_live = true;
+    if (on_live_shown) on_live_shown();
 }
 
 LongOperation Changeover::BeginSave(const char* name) {

@@ -4,6 +4,7 @@
 // values are read once; live values and measurements are refreshed while the panel is up to
 // date, by a timer that stops for every operation and with every change of tab.
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -23,6 +24,9 @@ class Changeover {
     void cmdSaveCurrent_Click(int index);
     void cmdSaveStartup_Click(int index);
     void timCMSOptions_Timer();
+
+    // After the first live values since a read have been put into their controls.
+    std::function<void()> on_live_shown;
 
   private:
     // One pass of the refresh, tied to the state in which it began.

@@ -65,6 +65,24 @@ TEST(PendingChanges, LeaveTheBlocksThatAWriteDidNotReach) {
     EXPECT_THAT(it.Changes(), HasSubstr("names.outlet.14.upper"));
 }
 
+// The refresh brings live values after the read: what it shows is no change, and can't be undone.
+TEST(PendingChanges, LearnLiveValuesWithTheRefresh) {
+    Bench it;
+    it.ReadSettings();
+    ChangeoverTab& tab = it.form.changeover;
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 6), std::nullopt);
+    it.Click(tab.cmdReadCMSOptions);
+    it.world.RunFor(std::chrono::seconds{2});
+    ASSERT_TRUE(it.session.known.changeover_live);
+    EXPECT_EQ(it.Changes(), "");
+    EXPECT_FALSE(it.bench.history.CanUndo());
+    const std::string phase = tab.txtCurrent(5).Text();
+    it.Type(tab.txtCurrent(5), "77");
+    EXPECT_EQ(it.Changes(), "changeover.live.phase: " + phase + " -> 77\n");
+    it.bench.history.Undo();
+    EXPECT_EQ(tab.txtCurrent(5).Text(), phase);
+}
+
 TEST(Undo, GoesBackAVisitAtATimeWithTheRepairsThatLeavingMakes) {
     Bench it;
     it.ReadSettings();

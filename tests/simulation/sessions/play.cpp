@@ -225,7 +225,12 @@ void Player::Recover(milliseconds begin) {
             if (&Active() != &stage_.form) tool_.hand.Close(Active());
         });
     }
-    At(begin + milliseconds(2500), [this] { Need(tool_.hand.Click(stage_.form.cmdDisconnect)); });
+    At(begin + milliseconds(2500), [this] {
+        // An address that is none keeps the focus until it is mended.
+        auto* const box = dynamic_cast<TextBox*>(stage_.form.Focused());
+        if (box && box->base_name() == "txtMTAddress") tool_.hand.Type(*box, "10");
+        Need(tool_.hand.Click(stage_.form.cmdDisconnect));
+    });
     // The second of a socket error passes meanwhile. What a write under way has still stored is
     // forgotten.
     At(begin + milliseconds(4000), [this] {
