@@ -66,7 +66,9 @@ bool Workbench::Verify() {
     std::map<const Setting*, std::string> written;
     for (const Setting* setting : EditableSettings()) {
         const auto value = pending.UnitValue(*setting);
-        if (setting->tab == tab && value && !setting->write_only && !setting->secret) {
+        // Live values are in no read.
+        const bool comes_back = !setting->write_only && !setting->secret && !setting->live;
+        if (setting->tab == tab && value && comes_back) {
             written[setting] = *value;
         }
     }

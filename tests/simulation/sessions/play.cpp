@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "editing/workbench.h"
 #include "simulation/sessions/stage.h"
 
 namespace kestrane::sessions {
@@ -27,7 +28,7 @@ T* Nth(Form& form, unsigned number) {
 
 class Player {
   public:
-    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool) {}
+    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool), bench_(stage.tool) {}
 
     void Do(const Step& step);
     void ReadAll(milliseconds begin);
@@ -35,6 +36,8 @@ class Player {
     // Everything as a fresh start would have it, step by step at its time.
     void Recover(milliseconds begin);
     bool recovered() const { return recovered_; }
+    // Nothing has been typed since the clean read.
+    void CheckNothingPending() const;
 
   private:
     Form& Active() { return *tool_.screen.ActiveForm(); }
@@ -44,12 +47,14 @@ class Player {
     void ConnectTo(unsigned number);
     void Press(const std::string& name);
     void Type(unsigned box, unsigned text);
+    void Work(unsigned number);
     void OpenEditor(milliseconds begin);
     void Need(const Refusal& refusal) const;
     void At(milliseconds time, std::function<void()> action);
 
     Stage& stage_;
     Tool& tool_;
+    Workbench bench_;
     // The story is over: what its last steps still do, in boxes that stayed open, is cut short.
     bool recovering_ = false;
     bool recovered_ = false;
@@ -91,6 +96,19 @@ void Player::Type(unsigned box, unsigned text) {
     }
 }
 
+void Player::Work(unsigned number) {
+    switch (number % 4) {
+        case 0:
+            return void(bench_.Verify());
+        case 1:
+            return void(bench_.Undo());
+        case 2:
+            return void(bench_.Redo());
+        default:
+            return bench_.pending.RevertAll();
+    }
+}
+
 void Player::DoOperator(const Step& step) {
     Hand& hand = tool_.hand;
     switch (step.action) {
@@ -114,6 +132,8 @@ void Player::DoOperator(const Step& step) {
                 hand.Choose(*bar, static_cast<int>(step.b % 256));
             }
             return;
+        case Action::kWorkbench:
+            return Work(step.a);
         case Action::kCloseForm:
             if (&Active() != &stage_.form) hand.Close(Active());
             return;
@@ -275,6 +295,13 @@ Picture Player::Look() const {
     return picture;
 }
 
+void Player::CheckNothingPending() const {
+    const auto changes = bench_.pending.List();
+    if (changes.empty()) return;
+    throw Broken{"pending after a clean read: " + changes[0].setting->key + " from \"" +
+                 changes[0].before + "\" to \"" + changes[0].now + "\""};
+}
+
 // What a fresh tool shows of a fresh unit.
 const Picture& FreshPicture() {
     static const Picture picture = [] {
@@ -314,6 +341,7 @@ void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
     if (!player.recovered()) throw Broken{"a read does not end"};
     if (stage.world.max_pump_depth() > 150) throw Broken{"waits pile up"};
     Compare(player.Look());
+    player.CheckNothingPending();
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ constexpr Row kRows[] = {
     {Action::kPress, "press", 40},             {Action::kTab, "select tab", 6},
     {Action::kType, "type into box", 10},      {Action::kClickAny, "click control", 10},
     {Action::kChoose, "choose in control", 3}, {Action::kLeave, "leave", 2},
+    {Action::kWorkbench, "workbench", 6},
     {Action::kCloseForm, "close the form", 3}, {Action::kSplit, "split a reply", 4},
     {Action::kLate, "a late reply", 4},
     {Action::kDrop, "drop a reply", 3},        {Action::kGarble, "garble a reply", 4},

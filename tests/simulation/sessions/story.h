@@ -20,6 +20,7 @@ enum class Action : std::uint8_t {
     kClickAny,  // control a of the active form
     kChoose,    // item or position b of list or bar a
     kLeave,
+    kWorkbench,  // verify, undo, redo or revert, by a
     kCloseForm,  // the modal form, by its title bar
     // The line.
     kSplit,  // the reply after a others comes in two pieces, the second b ms later
