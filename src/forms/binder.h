@@ -16,6 +16,9 @@ namespace kestrane {
 
 class Mirror;
 
+// The property of a widget that is only read: it never shows that its control is disabled.
+inline constexpr char kStaysEnabled[] = "staysEnabled";
+
 class Binder : public QObject {
   public:
     Binder(Mirror& mirror, Control& control, QWidget& widget);
@@ -36,7 +39,8 @@ class Binder : public QObject {
     // Properties of the kind.
     virtual void SyncKind() = 0;
     virtual bool SyncVisible();
-    virtual void ApplyEnabled(bool enabled) { widget_.setEnabled(enabled); }
+    virtual void ApplyEnabled(bool enabled) { widget_.setEnabled(enabled || StaysEnabled()); }
+    bool StaysEnabled() const { return widget_.property(kStaysEnabled).toBool(); }
     virtual QPalette MakePalette(const QPalette& palette) const;
     // Whether the widget's palette differs from the application's without a colour of the model.
     virtual bool HasOwnPalette() const { return false; }

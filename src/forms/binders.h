@@ -132,7 +132,7 @@ class FrameBinder : public Binder {
     void SyncKind() override;
     // What stands in a frame is enabled piece by piece: disabling the view would also reach what
     // is only drawn in there.
-    void ApplyEnabled(bool enabled) override { view_.SetTitleEnabled(enabled); }
+    void ApplyEnabled(bool enabled) override { view_.SetTitleEnabled(enabled || StaysEnabled()); }
     // Colours are the title's, not those of what stands in the frame.
     QPalette MakePalette(const QPalette& palette) const override { return palette; }
 

@@ -65,6 +65,12 @@ QLabel* Caption(const QString& text) {
     return label;
 }
 
+FrameView* KeepReadable(FrameView* frame) {
+    frame->setProperty(kStaysEnabled, true);
+    frame->SetTitleEnabled(true);
+    return frame;
+}
+
 void ReserveWidth(QLabel* label, const char* text) {
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QLatin1String(text)));
 }

@@ -3,7 +3,6 @@
 // What the forms' layouts have in common: one grid, fields as pairs of label and box.
 
 #include <QGridLayout>
-#include <QPalette>
 #include <initializer_list>
 
 #include "forms/look/spacing.h"
@@ -34,16 +33,14 @@ QHBoxLayout* ButtonRow(Mirror& mirror, std::initializer_list<Button*> buttons);
 // A text that is the view's own, no control.
 QLabel* Caption(const QString& text);
 
-// A status text is read and not used: it keeps the colour of enabled text.
+// What is read and not used, a status text or a legend, never stands back.
 template <class T>
 T* KeepReadable(T* widget) {
-    QPalette palette = widget->palette();
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
-        palette.setBrush(QPalette::Disabled, role, palette.brush(QPalette::Active, role));
-    }
-    widget->setPalette(palette);
+    widget->setProperty(kStaysEnabled, true);
+    widget->setEnabled(true);
     return widget;
 }
+FrameView* KeepReadable(FrameView* frame);
 
 // Keeps its place when it is hidden.
 template <class T>

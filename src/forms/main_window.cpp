@@ -130,7 +130,7 @@ FrameView* MainWindow::ProgressPanel() {
     FrameView* frame = mirror_.Make(form_.fraMemoryBlock);
     QGridLayout* grid = GridIn(frame);
     QLabel* text = KeepReadable(mirror_.Make(form_.lblMemoryBlock));
-    ReserveWidth(text, "Reading 1-Wire Live Addresses 16 of 16");
+    ReserveWidth(text, "Reading Web Browser Passwords Complete");
     progress_ = KeepPlace(new QProgressBar);
     progress_->setTextVisible(false);
     progress_->setMaximumHeight(fontMetrics().height());

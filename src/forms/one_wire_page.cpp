@@ -38,10 +38,9 @@ FrameView* Sensors(Mirror& mirror, OneWireTab& tab) {
 }
 
 FrameView* Legend(Mirror& mirror, OneWireTab& tab) {
-    FrameView* frame = mirror.Make(tab.fraSensorTypes);
+    FrameView* frame = KeepReadable(mirror.Make(tab.fraSensorTypes));
     QGridLayout* grid = GridIn(frame);
     int row = 0;
-    // A legend is read and not used, so that it never stands back.
     for (Label& line : tab.lblSensorType)
         grid->addWidget(KeepReadable(mirror.Make(line)), row++, 0);
     return frame;

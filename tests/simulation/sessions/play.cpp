@@ -240,13 +240,16 @@ void Player::Recover(milliseconds begin) {
         stage_.MakeWell();
     });
     // A transfer asks, or begins its pause, before its form closes.
-    for (const int later : {10, 800, 1600, 2450}) {
+    for (const int later : {10, 800, 1600}) {
         At(begin + milliseconds(later), [this] {
             if (&Active() != &stage_.form) tool_.hand.Close(Active());
         });
     }
     At(begin + milliseconds(2500), [this] {
         // An address that is none keeps the focus until it is mended.
+        for (int form = 0; form < 3 && &Active() != &stage_.form; ++form) {
+            tool_.hand.Close(Active());
+        }
         auto* const box = dynamic_cast<TextBox*>(stage_.form.Focused());
         if (box && box->base_name() == "txtMTAddress") tool_.hand.Type(*box, "10");
         Need(tool_.hand.Click(stage_.form.cmdDisconnect));
