@@ -7,6 +7,7 @@
 #include <string>
 
 #include "editing/frame_log.h"
+#include "editing/live_answers.h"
 #include "editing/messages.h"
 #include "editing/pending_changes.h"
 #include "editing/reasons.h"
@@ -34,6 +35,7 @@ struct Workbench {
     UndoHistory history{tool, pending};
     Messages messages{tool};
     FrameLog log{tool};
+    LiveAnswers live{tool};
 
   private:
     // The loop has no way to take an observer off again.

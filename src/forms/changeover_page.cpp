@@ -1,3 +1,4 @@
+#include "forms/fading.h"
 #include "forms/layout.h"
 #include "forms/pages.h"
 
@@ -99,7 +100,7 @@ FrameView* DefaultInlet(Mirror& mirror, ChangeoverTab& tab) {
 
 }  // namespace
 
-QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab) {
+QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab, Fading& fading) {
     auto* page = new PinnedPage;
     QVBoxLayout* outer = page->content();
     QHBoxLayout* frames = RowOfFrames();
@@ -107,7 +108,15 @@ QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab) {
     frames->addWidget(DefaultInlet(mirror, tab), 0, Qt::AlignTop);
     frames->addStretch(1);
     outer->addLayout(frames, 1);
-    page->Pin(ButtonRow(mirror, {&tab.cmdReadCMSOptions}));
+    QHBoxLayout* actions = ButtonRow(mirror, {&tab.cmdReadCMSOptions});
+    QLabel* last_answer = Caption({});
+    actions->addWidget(last_answer);
+    fading.SayIn(last_answer);
+    page->Pin(actions);
+    for (Label* label : {&tab.lblOffTimeMain, &tab.lblOffTimeBackup, &tab.lblPhase,
+                         &tab.lblChangeBack, &tab.lblLockout}) {
+        fading.Add(static_cast<QLabel*>(mirror.WidgetOf(*label)));
+    }
     return page;
 }
 

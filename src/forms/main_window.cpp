@@ -23,7 +23,7 @@ namespace {
 constexpr int kInvisibleStorage = 8;
 constexpr int kAfterPaint = 30;  // milliseconds
 
-QWidget* BuildPage(Mirror& mirror, MainForm& form, int tab) {
+QWidget* BuildPage(Mirror& mirror, MainForm& form, int tab, Fading& fading) {
     switch (tab) {
         case 0:
             return BuildNetworkPage(mirror, form.network);
@@ -38,7 +38,7 @@ QWidget* BuildPage(Mirror& mirror, MainForm& form, int tab) {
         case 5:
             return BuildOneWirePage(mirror, form.one_wire);
         case 6:
-            return BuildChangeoverPage(mirror, form.changeover);
+            return BuildChangeoverPage(mirror, form.changeover, fading);
         case 7:
             return BuildFirmwarePage(mirror, form.firmware);
         default:
@@ -57,6 +57,7 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     outer->setSpacing(kGap);
     menu_ = new QMenuBar;
     outer->setMenuBar(menu_);
+    fading_ = new Fading(*this, bench.live);
     header_ = new UnitHeader(bench, [this] { mirror_.Click(form_.cmdDisconnect); });
     outer->addWidget(header_);
     auto* panels = Row();
@@ -86,7 +87,16 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     bench.messages.OnAdded([this](const Message&) { ScheduleMarks(); });
     FormChanged();
     ShowProgress();
+    KeepLargeEnough();
+}
+
+void MainWindow::KeepLargeEnough() {
     setMinimumSize(minimumSizeHint().boundedTo({kSmallestWidth, kSmallestHeight}));
+}
+
+QSize MainWindow::sizeHint() const {
+    constexpr int kLines = 55;
+    return FormWindow::sizeHint().expandedTo({0, kLines * fontMetrics().lineSpacing()});
 }
 
 void MainWindow::FillMenu() {
@@ -198,9 +208,10 @@ void MainWindow::NeedPage(int tab) {
         head_ = mirror_.TakeMade();
         head_.push_back(tabs_->tabBar());
     }
-    tabs_->widget(tab)->layout()->addWidget(BuildPage(mirror_, form_, tab));
+    tabs_->widget(tab)->layout()->addWidget(BuildPage(mirror_, form_, tab, *fading_));
     pages_[place] = mirror_.TakeMade();
     Chain();
+    KeepLargeEnough();
 }
 
 void MainWindow::Chain() {

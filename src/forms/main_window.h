@@ -9,6 +9,7 @@
 #include <array>
 
 #include "editing/workbench.h"
+#include "forms/fading.h"
 #include "forms/form_window.h"
 #include "forms/log_pane.h"
 #include "forms/message_strip.h"
@@ -21,6 +22,8 @@ class MainWindow : public FormWindow {
   public:
     MainWindow(Workbench& bench, WhyDisabledFunction why_disabled);
 
+    // Room for the tallest page, though its tab may not have been shown yet.
+    QSize sizeHint() const override;
     // Makes the pages of the tabs that were not shown yet.
     void MakeAllPages();
 
@@ -39,6 +42,7 @@ class MainWindow : public FormWindow {
     QLayout* StatusRow();
     void NeedPage(int tab);
     void PreparePages();
+    void KeepLargeEnough();
     void ShowProgress();
     void Chain();
     void FillMenu();
@@ -56,6 +60,7 @@ class MainWindow : public FormWindow {
     Workbench& bench_;
     MainForm& form_;
     QMenuBar* menu_ = nullptr;
+    Fading* fading_ = nullptr;
     UnitHeader* header_ = nullptr;
     MessageStrip* strip_ = nullptr;
     LogPane* log_ = nullptr;

@@ -7,13 +7,16 @@
 
 namespace kestrane {
 
+class Fading;
+
 QWidget* BuildNetworkPage(Mirror& mirror, NetworkTab& tab);
 QWidget* BuildPrivilegesPage(Mirror& mirror, PrivilegesTab& tab);
 QWidget* BuildSecurityPage(Mirror& mirror, SecurityTab& tab);
 QWidget* BuildNamesPage(Mirror& mirror, NamesTab& tab);
 QWidget* BuildTriggersPage(Mirror& mirror, TriggersTab& tab);
 QWidget* BuildOneWirePage(Mirror& mirror, OneWireTab& tab);
-QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab);
+// What is measured fades.
+QWidget* BuildChangeoverPage(Mirror& mirror, ChangeoverTab& tab, Fading& fading);
 QWidget* BuildFirmwarePage(Mirror& mirror, FirmwareTab& tab);
 
 }  // namespace kestrane

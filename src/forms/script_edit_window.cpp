@@ -36,7 +36,8 @@ const char* LampName(int picture) {
 }  // namespace
 
 ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Hand& hand,
-                                   WhyDisabledFunction why_disabled, QWidget* owner)
+                                   const LiveAnswers& answers, WhyDisabledFunction why_disabled,
+                                   QWidget* owner)
     : FormWindow(form, hand, std::move(why_disabled), owner), form_(form), editor_(editor) {
     MakeActions();
     insert_heading_ = Caption({});
@@ -44,7 +45,8 @@ ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Ha
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(kBetweenFrames, kGap, kBetweenFrames, kGap);
     outer->setSpacing(kGap);
-    outer->addWidget(BuildUnitPicture(mirror_, form_, insert_heading_));
+    auto* fading = new Fading(*this, answers);
+    outer->addWidget(BuildUnitPicture(mirror_, form_, insert_heading_, *fading));
     outer->addLayout(StatusLine());
     auto* middle = Row();
     middle->setSpacing(kBetweenFrames);

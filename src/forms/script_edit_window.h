@@ -9,6 +9,7 @@
 #include <array>
 #include <map>
 
+#include "forms/fading.h"
 #include "forms/form_window.h"
 #include "forms/listing_row.h"
 #include "forms/simulation_pane.h"
@@ -19,7 +20,9 @@ namespace kestrane {
 
 // The outlets with light, fuse and names, then the inlets. `insert_heading` stands over the ON and
 // OFF buttons, which insert an instruction and switch nothing.
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading);
+// The lights fade.
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading,
+                          Fading& fading);
 // A button for each instruction but the masks, in rows by what they are about.
 QWidget* BuildInstructionButtons(Mirror& mirror, ScriptEditForm& form);
 // The mask builder with the instructions that take a mask.
@@ -28,7 +31,7 @@ QWidget* BuildOutletMasks(Mirror& mirror, ScriptEditForm& form);
 class ScriptEditWindow : public FormWindow {
   public:
     ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Hand& hand,
-                     WhyDisabledFunction why_disabled, QWidget* owner);
+                     const LiveAnswers& answers, WhyDisabledFunction why_disabled, QWidget* owner);
 
     QSize sizeHint() const override;
 

@@ -15,10 +15,13 @@ int ColumnOf(int position) {
     return position < ScriptEditForm::kFirstInlet ? position : position + 1;
 }
 
-void AddPosition(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, int position) {
+void AddPosition(Mirror& mirror, QGridLayout* grid, ScriptEditForm& form, int position,
+                 Fading& fading) {
     const int column = ColumnOf(position);
     grid->addWidget(mirror.Make(form.lblFuseNo(position)), kNumber, column, Qt::AlignCenter);
-    grid->addWidget(KeepPlace(mirror.Make(form.pbLED(position))), kLight, column, Qt::AlignCenter);
+    LightView* light = KeepPlace(mirror.Make(form.pbLED(position)));
+    fading.Add(light);
+    grid->addWidget(light, kLight, column, Qt::AlignCenter);
     grid->addWidget(KeepPlace(mirror.Make(form.imgFuse(position))), kFuse, column, Qt::AlignCenter);
     for (const bool upper : {true, false}) {
         const int first = upper ? ScriptEditForm::kUpperNames : ScriptEditForm::kLowerNames;
@@ -44,7 +47,8 @@ void AddBar(Mirror& mirror, QGridLayout* grid, Image& image, int first, int last
 
 }  // namespace
 
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading) {
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading,
+                          Fading& fading) {
     auto* picture = new QFrame;
     picture->setFrameShape(QFrame::StyledPanel);
     auto* outer = new QVBoxLayout(picture);
@@ -60,13 +64,16 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_h
         titles->addSpacing(2 * kGap);
     }
     titles->addStretch(1);
+    QLabel* last_answer = Caption({});
+    fading.SayIn(last_answer);
+    titles->addWidget(last_answer);
     outer->addLayout(titles);
 
     auto* grid = new QGridLayout;
     const int inlet_width = picture->fontMetrics().averageCharWidth() * kNameWidth;
     grid->setHorizontalSpacing(3);
     grid->setVerticalSpacing(2);
-    for (int i = 0; i < ScriptEditForm::kPositions; ++i) AddPosition(mirror, grid, form, i);
+    for (int i = 0; i < ScriptEditForm::kPositions; ++i) AddPosition(mirror, grid, form, i, fading);
     AddBar(mirror, grid, form.imgFuse7Block(0), 0, kOutletsInBlock - 1);
     AddBar(mirror, grid, form.imgFuse7Block(1), kOutletsInBlock, ScriptEditForm::kOutlets - 1);
     AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,

@@ -1,5 +1,6 @@
 #include "forms/windows.h"
 
+#include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QPixmap>
 
@@ -48,7 +49,7 @@ std::unique_ptr<FormWindow> Windows::NewWindow(Form& form) {
         return std::make_unique<HelpWindow>(tool_.help_form, tool_.hand, why_disabled_, owner);
     }
     return std::make_unique<ScriptEditWindow>(tool_.script_edit_form, tool_.macro_editor,
-                                              tool_.hand, why_disabled_, owner);
+                                              tool_.hand, bench_.live, why_disabled_, owner);
 }
 
 bool Windows::Grab(const std::string& form, const std::string& path, QSize size) {
@@ -59,7 +60,13 @@ bool Windows::Grab(const std::string& form, const std::string& path, QSize size)
     window.ensurePolished();
     // All of it, also where the screen is too small.
     window.resize(size.isValid() ? size : window.WholeSize());
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    // A page that now fits takes its scroll bar away, later and by an event of its own.
+    for (int pass = 0; pass < 2; ++pass) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        for (QAbstractScrollArea* area : window.findChildren<QAbstractScrollArea*>()) {
+            QCoreApplication::sendPostedEvents(area, QEvent::MetaCall);
+        }
+    }
     return window.grab().save(QString::fromStdString(path), "PNG");
 }
 

@@ -83,6 +83,23 @@ TEST(PendingChanges, LearnLiveValuesWithTheRefresh) {
     EXPECT_EQ(tab.txtCurrent(5).Text(), phase);
 }
 
+TEST(LiveAnswers, AgeWhenTheUnitFallsSilentAndEndWithTheConnection) {
+    Bench it;
+    it.ReadSettings();
+    EXPECT_EQ(it.bench.live.Age(), std::nullopt);
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 6), std::nullopt);
+    it.Click(it.form.changeover.cmdReadCMSOptions);
+    it.Wait(600);
+    for (int i = 0; i < 40; ++i, it.Wait(100)) {
+        EXPECT_LE(it.bench.live.Age(), LiveAnswers::kFresh);
+    }
+    it.peer.line().DropNext();
+    it.Wait(3000);
+    EXPECT_GT(it.bench.live.Age(), LiveAnswers::kFresh);
+    it.Click(it.form.cmdDisconnect);
+    EXPECT_EQ(it.bench.live.Age(), std::nullopt);
+}
+
 TEST(Undo, GoesBackAVisitAtATimeWithTheRepairsThatLeavingMakes) {
     Bench it;
     it.ReadSettings();

@@ -67,6 +67,7 @@ QPalette LightPalette() {
     palette.setColor(QPalette::AlternateBase, QColor(0xF7, 0xF8, 0xFA));
     palette.setColor(QPalette::Highlight, QColor(0x1F, 0x6F, 0xC4));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x66, 0x6C, 0x74));
     palette.setColor(QPalette::ToolTipBase, QColor(0xFF, 0xFF, 0xE6));
     palette.setColor(QPalette::ToolTipText, Qt::black);
     palette.setColor(QPalette::Disabled, QPalette::Base, QColor(0xEE, 0xF0, 0xF2));
