@@ -1,165 +1,172 @@
-#include "changeover_test_support.h"
+// The changeover panel through its refresh: pauses, and what may happen at any moment of a pass.
+// What it reads, shows and saves stands in changeover.story.
+
 #include "features/changeover_records.h"
-#include "support/tool_on_line.h"
+#include "features_test_support.h"
 
 namespace kestrane {
 namespace {
 
-TEST_F(ChangeoverTest, ReadFillsTheStartupColumnAndStartsTheRefresh) {
-    ConnectOnPanel();
-    Read();
-    EXPECT_EQ(world_.tcpsend.frames()[0].bytes,
-              Bytes({0x10, 2, 0xFA, 0x11, 0, 0x0A, 6, 0x1B, 0x10, 3}));
-    EXPECT_EQ(tab_.txtStartup(0).Text(), "1");
-    EXPECT_EQ(tab_.txtStartup(1).Text(), "16");
-    EXPECT_EQ(tab_.txtStartup(4).Text(), "5");
-    EXPECT_EQ(tab_.scrStartup(1).ScrollValue(), 239);
-    EXPECT_EQ(tab_.txtStartup(0).ForeColor(), kBlack);
-    EXPECT_TRUE(tab_.optInE2P(4).Chosen());
-    EXPECT_EQ(captions_.front(), "Reading Changeover Data");
-    EXPECT_EQ(captions_.back(), "Reading Changeover Data Complete");
-    EXPECT_TRUE(session_.ChangeoverRead);
-    EXPECT_TRUE(form_.timCMSOptions.Enabled());
-    EXPECT_TRUE(tab_.cmdSaveCurrent(1).Usable());
-    EXPECT_TRUE(tab_.optInLive(1).Usable());
-    EXPECT_TRUE(tab_.txtCurrent(6).Usable());
-    EXPECT_TRUE(tab_.cmdReadCMSOptions.Enabled());
-    EXPECT_TRUE(tab_.lblPhase.Enabled());
+constexpr int kTab = 6;
+const std::string kStartupRead = ReadCommand(250, 0x000A, 6);
+const std::string kStatusCommand = Bytes({250, kReadLiveStatus});
+const std::string kLiveCommand = Bytes({250, kReadSecondStatus});
+const std::string kBoth = Bytes({0, 0, 0, 0, 0, 0xC0, 0, 0, 0, 0, 0, 0, 0});
+
+// Live values 11 to 14, inlet 2, measured 20 and 21, phases 100 and 16, counter 7, lockout 9.
+std::string Live(int first = 11) {
+    return Bytes({0, 0, first, 12, 13, 14, 2, 20, 21, 100, 16, 7, 1, 2, 3, 0, 9, 0, 0});
 }
 
-TEST_F(ChangeoverTest, AFailedReadLeavesThePanelAsItWasAndNothingToSave) {
-    ConnectOnPanel();
-    ReplyRaw(kStartupRead, "");
-    tab_.txtStartup(0).SetText("77");
-    Read();
-    EXPECT_EQ(tab_.txtStartup(0).Text(), "77");
-    EXPECT_EQ(captions_.back(), "Reading Changeover Data Complete");
-    EXPECT_FALSE(form_.timCMSOptions.Enabled());
-    EXPECT_FALSE(tab_.cmdSaveStartup(0).Usable());
-    EXPECT_TRUE(tab_.cmdReadCMSOptions.Enabled());
-    EXPECT_FALSE(session_.ChangeoverRead);
-    world_.tcpsend.ClearSent();
-    for (const int i : {0, 1}) {
-        tool_.changeover.cmdSaveStartup_Click(i);
-        tool_.changeover.cmdSaveCurrent_Click(i);
+class Changeover : public FeatureTest {
+  protected:
+    Changeover() {
+        peer.memory[{250, 0x000A}] = Bytes({1, 16, 3, 4, 5, 4});
+        peer.Answer(kStatusCommand, kBoth);
+        peer.Answer(kLiveCommand, Live());
+        ConnectOn(kTab);
     }
-    EXPECT_EQ(world_.boxes.shown().size(), 4u);
-    EXPECT_EQ(world_.boxes.shown().back().text,
-              "The live changeover values have not been read on this connection. Nothing was "
-              "written.");
-    EXPECT_TRUE(SentTexts().empty());
-}
+    void Read() { Click(tab.cmdReadCMSOptions); }
+    // Long enough for one more pass to end.
+    void Refresh() {
+        tab.lblLockout.SetCaption("");
+        world.loop.RunUntil([&] { return !tab.lblLockout.Caption().empty(); }, Milliseconds{2000});
+    }
+    // Does it at each of these moments of a pass, from a read on, and waits for the end.
+    void AtEachMoment(const std::function<void()>& action, const std::function<void()>& check) {
+        for (int moment = 200; moment <= 1200; moment += 50) {
+            SCOPED_TRACE(moment);
+            form.SSTab1.SetTabVisible(kTab, true);
+            form.SSTab1.SetTab(kTab);
+            Read();
+            After(moment, action);
+            Wait(5000);
+            check();
+        }
+    }
 
-TEST_F(ChangeoverTest, SaveAsLiveSendsTheFourValues) {
-    ConnectOnPanel();
-    ReadAndRefresh();
-    ASSERT_FALSE(tool_.hand.Type(tab_.txtCurrent(4), "16"));
-    world_.RunFor(Milliseconds{150});
-    const auto clicked = world_.Now();
-    world_.tcpsend.ClearSent();
-    captions_.clear();
-    const std::string command = Bytes({kRelay, 0x3A, 2, 11, 3, 16, 4, 13, 5, 14});
-    // A refusal is ignored like any other answer.
-    ReplyRaw(command, Framed(Bytes({kRelay, 0x3A, kRefusedByPrivileges})));
-    Answer(kLiveCommand, Bytes({0, 0, 11, 16}) + Live().substr(4));
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveCurrent(0)));
+    ChangeoverTab& tab = form.changeover;
+};
 
-    ASSERT_EQ(SentTexts().size(), 1u);
-    EXPECT_EQ(SentTexts()[0], HexText(command));
-    EXPECT_GE(world_.tcpsend.frames()[0].time - clicked, Milliseconds{600});
-    EXPECT_EQ(captions_,
-              (std::vector<std::string>{"Writing live data", "Writing live data complete"}));
-    EXPECT_TRUE(world_.boxes.shown().empty());
-    EXPECT_TRUE(form_.timCMSOptions.Enabled());
-    EXPECT_EQ(form_.Pointer(), Form::kArrow);
-    EXPECT_TRUE(form_.cmdHelp.Enabled());
-    EXPECT_EQ(tab_.txtCurrent(4).ForeColor(), kRed);
+TEST_F(Changeover, RefreshReadsTwoRecordsHalfASecondApart) {
+    Read();
+    world.tcpsend.ClearSent();
     Refresh();
-    EXPECT_EQ(tab_.txtCurrent(4).ForeColor(), kBlack);
+    const auto& frames = world.tcpsend.frames();
+    ASSERT_EQ(frames.size(), 2u);
+    EXPECT_GE(frames[1].time - frames[0].time, Milliseconds{500});
+    EXPECT_LE(frames[1].time - frames[0].time, Milliseconds{610});  // and one tick of the reader
 }
 
-TEST_F(ChangeoverTest, SaveAsStartupKeepsWhatItWroteAndLeavesTheAlarmAlone) {
-    ConnectOnPanel();
-    ReadAndRefresh();
-    const std::string alarm = tab_.txtStartup(4).Text();
-    ASSERT_FALSE(tool_.hand.Type(tab_.txtStartup(2), "30"));
-    EXPECT_EQ(tab_.txtStartup(2).ForeColor(), kRed);
-    world_.RunFor(Milliseconds{150});
-    const auto clicked = world_.Now();
-    world_.tcpsend.ClearSent();
-    captions_.clear();
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveStartup(0)));
-    ASSERT_EQ(SentTexts().size(), 1u);
-    EXPECT_EQ(SentTexts()[0], "FA12000A0401101E04");
-    EXPECT_GE(world_.tcpsend.frames()[0].time - clicked, Milliseconds{1000});
-    EXPECT_EQ(tab_.txtStartup(2).Text(), "30");
-    EXPECT_EQ(tab_.txtStartup(2).ForeColor(), kBlack);
-    EXPECT_EQ(tab_.txtStartup(4).Text(), alarm);
-    EXPECT_EQ(captions_,
-              (std::vector<std::string>{"Writing Startup Data", "Writing Startup Data Complete"}));
-    EXPECT_TRUE(form_.timCMSOptions.Enabled());
-}
-
-TEST_F(ChangeoverTest, SavingTheInletSendsTheTickedOneIfAny) {
-    ConnectOnPanel();
-    ReadAndRefresh();
-    StopPolls();
-    tab_.optInE2P(4).SetChosen(false);
-    tab_.optInLive(2).SetChosen(false);
-    world_.tcpsend.ClearSent();
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveCurrent(1)));
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveStartup(1)));
-    EXPECT_EQ(captions_.back(), "Writing Startup Data");
-    EXPECT_TRUE(tab_.cmdSaveStartup(1).Enabled());
-    ASSERT_FALSE(tool_.hand.Click(tab_.optInLive(5)));
-    ASSERT_FALSE(tool_.hand.Click(tab_.optInE2P(1)));
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveCurrent(1)));
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveStartup(1)));
-    EXPECT_EQ(SentTexts(), (std::vector<std::string>{"FA3A", "FA3A0605", "FA12000F0101"}));
-}
-
-TEST_F(ChangeoverTest, ADisconnectDuringASaveSendsNothing) {
-    ConnectOnPanel();
-    ReadAndRefresh();
-    StopPolls();
-    world_.tcpsend.ClearSent();
-    world_.time.After(Milliseconds{300}, [&] { tool_.hand.Click(form_.cmdDisconnect); });
-    world_.time.After(Milliseconds{310}, [&] { tool_.hand.Click(form_.cmdConnect); });
-    ASSERT_FALSE(tool_.hand.Click(tab_.cmdSaveCurrent(0)));
-    EXPECT_TRUE(SentTexts().empty());
-    EXPECT_FALSE(form_.timCMSOptions.Enabled());
-    EXPECT_FALSE(tab_.cmdSaveCurrent(0).Enabled());
-    EXPECT_TRUE(tab_.cmdReadCMSOptions.Enabled());
-    EXPECT_FALSE(form_.SSTab1.Tabs()[1].enabled) << "the tabs are as the disconnect left them";
-    EXPECT_EQ(form_.lblMemoryBlock.Caption(), "");
-}
-
-TEST_F(ChangeoverTest, ValueBoxesHoldPlainNumbersOfOneByte) {
-    ConnectOnPanel();
+TEST_F(Changeover, WrongRecordsChangeNothing) {
+    peer.Answer(kLiveCommand, Live() + "20");
     Read();
-    struct Case {
-        const char* text;
-        const char* left;
-    };
-    for (const Case& c : {Case{"300", "255"}, Case{"", "0"}, Case{"007", "7"}, Case{"-5", "0"},
-                          Case{"x", "0"}, Case{"255", "255"}, Case{"254", "254"}}) {
-        SCOPED_TRACE(c.text);
-        tab_.txtCurrent(3).SetText("9");
-        tab_.txtCurrent(3).SetText(c.text);
-        EXPECT_EQ(tab_.txtCurrent(3).Text(), c.left);
-        EXPECT_EQ(tab_.scrCurrent(3).ScrollValue(), 255 - std::stoi(c.left));
+    Wait(2000);
+    EXPECT_EQ(tab.txtCurrent(3).Text(), "000") << "copied on the first good pass";
+    peer.Answer(kLiveCommand, Live());
+    Refresh();
+    EXPECT_EQ(tab.txtCurrent(3).Text(), "11");
+    const std::string good = session.ChangeoverStatus;
+    tab.lblLockout.SetCaption("as it was");
+    for (const std::string& record :
+         {Live().substr(0, 18), Live() + "x", std::string(), std::string(500, '\x10'), Live(99)}) {
+        peer.Answer(kLiveCommand, record);
+        // The last one is good; its partner is not.
+        if (record == Live(99)) peer.Answer(kStatusCommand, kBoth + "x");
+        Wait(2000);
+        EXPECT_EQ(session.ChangeoverStatus, good);
+        EXPECT_EQ(tab.lblLockout.Caption(), "as it was");
     }
-    ASSERT_FALSE(tool_.hand.Type(tab_.txtStartup(3), "300"));
-    EXPECT_EQ(tab_.txtStartup(3).Text(), "255");
-    ASSERT_FALSE(tool_.hand.Choose(tab_.scrStartup(3), 251));
-    EXPECT_EQ(tab_.txtStartup(3).Text(), "4");
-    EXPECT_EQ(tab_.txtStartup(3).ForeColor(), kBlack);  // what the record has
-    ASSERT_FALSE(tool_.hand.GoTo(tab_.txtStartup(0)));
-    EXPECT_EQ(tab_.txtStartup(0).SelLength(), 1);
-    // Leaving the tab writes "000", which the boxes turn into plain decimal.
-    form_.SSTab1.SetTab(0);
-    EXPECT_EQ(tab_.txtStartup(3).Text(), "0");
-    EXPECT_EQ(tab_.txtStartup(3).ForeColor(), kRed);
+    peer.Answer(kLiveCommand, std::string(19, '\x10'));  // undoubled, a good one
+    peer.Answer(kStatusCommand, kBoth);
+    Refresh();
+    EXPECT_EQ(session.ChangeoverStatus, std::string(19, '\x10'));
+}
+
+TEST_F(Changeover, SilenceNeverPilesUpPasses) {
+    Read();
+    peer.ReplyRaw(kStatusCommand, "");
+    world.RunFor(std::chrono::minutes{20});
+    EXPECT_LT(world.max_pump_depth(), 10);
+    EXPECT_LT(SentTexts().size(), 500u);
+    peer.ReplyRaw(kStatusCommand, Framed(kStatusCommand + kBoth));
+    Wait(6000);
+    EXPECT_EQ(tab.lblLockout.Caption(), " 9");
+}
+
+TEST_F(Changeover, LeavingTheTabEndsAPassAnywhere) {
+    AtEachMoment(
+        [&] {
+            form.SSTab1.SetTab(0);
+            world.tcpsend.ClearSent();
+        },
+        [&] {
+            EXPECT_TRUE(SentTexts().empty());
+            EXPECT_EQ(tab.lblOffTimeMain.Caption(), "");
+            EXPECT_EQ(form.lblMemoryBlock.Caption(), "");
+            EXPECT_FALSE(tab.cmdSaveCurrent(0).Enabled());
+        });
+}
+
+// The pass of a lost connection neither polls the next one nor keeps it from being polled.
+TEST_F(Changeover, LosingTheLinkEndsAPassAnywhere) {
+    AtEachMoment(
+        [&] {
+            Click(form.cmdDisconnect);
+            Click(form.cmdConnect);
+            world.tcpsend.ClearSent();
+            EXPECT_FALSE(form.timCMSOptions.Enabled());
+            After(800, [&] {
+                session.AdminLoggedIn = true;
+                tool.changeover.cmdReadCMSOptions_Click();
+            });
+        },
+        [&] {
+            const auto texts = SentTexts();
+            ASSERT_GT(texts.size(), 4u);
+            EXPECT_EQ(texts[0], HexText(kStartupRead));
+            for (std::size_t i = 1; i < texts.size(); ++i) {
+                EXPECT_EQ(texts[i], HexText(i % 2 == 1 ? kStatusCommand : kLiveCommand));
+            }
+            EXPECT_EQ(tab.lblLockout.Caption(), " 9");
+        });
+}
+
+TEST_F(Changeover, NoOtherCommandComesBetweenTheRecordsOfAPass) {
+    Read();
+    Refresh();
+    tab.lblLockout.SetCaption("as it was");
+    world.tcpsend.ClearSent();
+    After(600, [&] { tool.link.Command(ReadCommand(250, 0x0000)); });
+    Wait(800);
+    EXPECT_EQ(SentTexts(), (std::vector<std::string>{HexText(kStatusCommand), "FA11000010"}));
+    EXPECT_EQ(tab.lblLockout.Caption(), "as it was");
+    Refresh();
+    EXPECT_EQ(tab.lblLockout.Caption(), " 9");
+}
+
+// The click may come at any moment of a pass, also while a poll awaits its answer.
+TEST_F(Changeover, NothingIsPolledDuringThePauseOfASave) {
+    Read();
+    Refresh();
+    for (const bool live : {true, false}) {
+        Button& save = live ? tab.cmdSaveCurrent(0) : tab.cmdSaveStartup(0);
+        for (int moment = 0; moment < 1000; moment += 70) {
+            SCOPED_TRACE(moment);
+            After(moment, [&] {
+                const auto clicked = world.Now();
+                world.tcpsend.ClearSent();
+                Click(save);
+                ASSERT_EQ(SentTexts().size(), 1u);
+                EXPECT_EQ(SentTexts()[0].substr(0, 4), live ? "FA3A" : "FA12");
+                EXPECT_GE(world.tcpsend.frames()[0].time - clicked,
+                          Milliseconds{live ? 600 : 1000});
+            });
+            Wait(4000);
+            EXPECT_TRUE(form.timCMSOptions.Enabled());
+            EXPECT_TRUE(world.boxes.shown().empty());
+        }
+    }
 }
 
 TEST(ChangeoverRecords, FrequencyAndAngle) {
@@ -170,24 +177,6 @@ TEST(ChangeoverRecords, FrequencyAndAngle) {
     EXPECT_EQ(PhaseAngle(100), "7.2\xB0");
     EXPECT_EQ(PhaseAngle(0), "0\xB0");
     EXPECT_EQ(PhaseAngle(1), "0.072\xB0");
-}
-
-TEST(ChangeoverOnUnit, SavedValuesReachTheUnit) {
-    ToolOnUnit line;
-    line.ReadSettings();
-    ChangeoverTab& tab = line.form.changeover;
-    line.form.SSTab1.SetTab(kChangeoverTab);
-    line.Click(tab.cmdReadCMSOptions);
-    line.Wait(1500);
-    line.Type(tab.txtCurrent(3), "123");
-    line.Type(tab.txtStartup(0), "45");
-    line.Click(tab.cmdSaveStartup(0));
-    line.Click(tab.cmdSaveCurrent(0));
-    line.Click(tab.cmdReadCMSOptions);
-    line.Wait(1500);
-    EXPECT_EQ(tab.txtStartup(0).Text(), "45");
-    EXPECT_EQ(tab.txtCurrent(3).Text(), "123");
-    EXPECT_EQ(tab.lblOffTimeMain.Caption().substr(0, 8), "Measured");
 }
 
 }  // namespace

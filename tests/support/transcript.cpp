@@ -1,0 +1,500 @@
+#include "support/transcript.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <sstream>
+#include <stdexcept>
+
+#include "support/memory_peer.h"
+#include "support/unit_peer.h"
+#include "support/virtual_platform.h"
+#include "tool/session_variables.h"
+#include "tool/tool.h"
+
+namespace kestrane {
+namespace {
+
+using std::chrono::milliseconds;
+
+[[noreturn]] void Fault(const std::string& text) { throw std::runtime_error(text); }
+
+// In quotes, what is not printable ASCII as \xNN.
+std::string Quoted(const std::string& text) {
+    std::string quoted = "\"";
+    for (const char c : text) {
+        const bool plain = c >= ' ' && c <= '~' && c != '"' && c != '\\';
+        quoted += plain ? std::string(1, c) : "\\x" + HexByte(static_cast<std::uint8_t>(c));
+    }
+    return quoted + "\"";
+}
+
+// Words between blanks, or in quotes with \xNN in them; "\xFF"*16 repeats.
+std::vector<std::string> WordsOf(const std::string& line) {
+    std::vector<std::string> words;
+    for (std::size_t at = 0; (at = line.find_first_not_of(' ', at)) != std::string::npos;) {
+        const bool quoted = line[at] == '"';
+        const std::size_t end = std::min(line.find(quoted ? '"' : ' ', at + 1), line.size());
+        std::string word = quoted ? line.substr(at + 1, end - at - 1) : line.substr(at, end - at);
+        for (std::size_t x = 0; (x = word.find("\\x", x)) != std::string::npos; ++x) {
+            word.replace(x, 4, HexPairs(word.substr(x + 2, 2)));
+        }
+        at = end + quoted;
+        if (quoted && line[at] == '*') {
+            const std::string once = word;
+            for (int n = std::stoi(line.substr(at + 1)); n > 1; --n) word += once;
+            at = std::min(line.find(' ', at), line.size());
+        }
+        words.push_back(std::move(word));
+    }
+    return words;
+}
+
+std::string ValueText(const Value& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return Quoted(*text);
+    if (const auto* number = std::get_if<long>(&value)) return std::to_string(*number);
+    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
+    return "none";
+}
+
+// The word as a value of the type that `present` has.
+Value ValueOf(const std::string& word, const Value& present) {
+    if (std::holds_alternative<std::string>(present)) return word;
+    if (word == "true" || word == "false") return word == "true";
+    return std::stol(word);
+}
+
+// "lblOutlet(0-3 7)": the members of an array in one.
+std::string NameList(const std::vector<std::pair<std::string, int>>& names) {
+    std::string list;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto& [base, index] = names[i];
+        const bool more = i > 0 && index >= 0 && names[i - 1].first == base;
+        if (more) list.pop_back();
+        list += more ? " " : (i > 0 ? ", " : "") + base + (index >= 0 ? "(" : "");
+        std::size_t last = i;
+        while (index >= 0 && last + 1 < names.size() && names[last + 1].first == base &&
+               names[last + 1].second == names[last].second + 1) {
+            ++last;
+        }
+        if (index >= 0) list += std::to_string(index);
+        if (last > i) list += "-" + std::to_string(names[last].second);
+        if (index >= 0) list += ")";
+        i = last;
+    }
+    return list;
+}
+
+// One property of one control: where it stands, and its value as text.
+struct Entry {
+    std::string property;
+    std::string base;
+    int index;  // -1: no array
+    std::string value;
+};
+
+class Player : private ScreenListener, private JournalObserver {
+  public:
+    explicit Player(const std::vector<std::string>& lines) : lines_(lines) {}
+    ~Player() override {
+        if (!tool_) return;
+        tool_->screen.RemoveListener(*this);
+        tool_->link.journal().RemoveObserver(*this);
+    }
+
+    std::string Play() {
+        PlayLines();
+        return std::move(out_);
+    }
+
+  private:
+    // Until the end, or the line that closes the editor.
+    void PlayLines() {
+        while (at_ < lines_.size()) {
+            const std::string& line = lines_[at_++];
+            if (!line.starts_with("    ")) out_ += line + "\n";
+            if (line.empty() || line[0] == '#' || line.starts_with("    ")) continue;
+            if (line == "close") return;
+            try {
+                Do(WordsOf(line));
+            } catch (const std::exception& error) {
+                out_ += std::string("    FAULT ") + error.what() + "\n";
+            }
+        }
+    }
+
+    void Do(std::vector<std::string> words) {
+        if (words[0] == "unit") return UseUnit(words.at(1));
+        if (!tool_) Start();
+        const bool quiet = words[0] == "quietly";
+        if (quiet) words.erase(words.begin());
+        if (words[0] == "edit") return Edit(std::stoi(words.at(1)));
+        const bool prepares = Prepare(words);
+        if (!prepares) Act(words);
+        const std::size_t before = out_.size();
+        Tell();
+        if (quiet || prepares) out_.resize(before);
+    }
+
+    void UseUnit(const std::string& type) {
+        unit::UnitOptions options;
+        options.old_firmware = type == "old";
+        options.type = type == "636"      ? unit::UnitType::k636
+                       : type == "single" ? unit::UnitType::kSingle
+                                          : unit::UnitType::kCms;
+        unit_ = std::make_unique<UnitPeer>(world_.tcpsend, world_.time, options);
+    }
+
+    void Start() {
+        if (!unit_) memory_ = std::make_unique<MemoryPeer>(world_.tcpsend);
+        // The slash at its end is not doubled.
+        tool_.emplace(world_.platform(), ToolOptions{.versions_url = "http://server.example/"});
+        tool_->screen.AddListener(*this);
+        tool_->link.journal().AddObserver(*this);
+        tool_->Start();
+        seen_ = Look();
+    }
+
+    // What the world holds and answers from now on; true if `words` say that.
+    bool Prepare(const std::vector<std::string>& words) {
+        const std::string& verb = words[0];
+        if (verb == "store") {
+            Store(std::stoi(words.at(1)), words.at(2), words.at(3));
+        } else if (verb == "answers") {
+            for (int n = 1; n <= std::stoi(words.at(2)); ++n) {
+                memory_->Answer(HexPairs(words.at(1)) + static_cast<char>(n), words.at(3));
+            }
+        } else if (verb == "answer") {
+            memory_->Answer(HexPairs(words.at(1)), words.size() > 2 ? words[2] : "");
+        } else if (verb == "reply") {
+            memory_->ReplyRaw(HexPairs(words.at(1)), words.size() > 2 ? HexPairs(words[2]) : "");
+        } else if (verb == "refuse") {
+            const std::string command = HexPairs(words.at(1));
+            memory_->ReplyRaw(command, Framed(command.substr(0, 2) + '\x16'));
+        } else if (verb == "drop") {
+            unit_->line().PassNext(std::stoi(words.at(1)));
+            unit_->line().DropNext(1);
+        } else if (verb == "file") {
+            world_.files.Choose(words.at(1));
+        } else if (verb == "say-no") {
+            world_.boxes.Answer(BoxButton::kNo);
+        } else if (verb == "draw") {
+            for (const char c : HexPairs(words.at(1))) {
+                world_.random.Queue((static_cast<unsigned char>(c) + 0.5) / 255);
+            }
+        } else if (verb == "connected") {
+            ConnectOn(std::stoi(words.at(1)));
+        } else {
+            return false;
+        }
+        return true;
+    }
+
+    // At "0200", or in each block from "0200-0280".
+    void Store(int board, const std::string& where, const std::string& bytes) {
+        std::size_t end = 0;
+        int address = std::stoi(where, &end, 16);
+        const int last =
+            end < where.size() ? std::stoi(where.substr(end + 1), nullptr, 16) : address;
+        for (; address <= last; address += 16) {
+            if (memory_) {
+                memory_->memory[{board, address}] = bytes;
+                continue;
+            }
+            auto& unit = unit_->unit();
+            (board == 250 ? unit.Relay() : unit.Display())
+                .Write(static_cast<std::size_t>(address), bytes);
+        }
+    }
+
+    // Connected as administrator with this tab on the screen.
+    void ConnectOn(int tab) {
+        MainForm& form = tool_->main_form;
+        Refused(tool_->hand.Click(form.cmdConnect));
+        world_.RunFor(milliseconds{250});
+        tool_->session.AdminLoggedIn = true;
+        SetTabsEnabled(form, true);
+        form.SSTab1.SetTabVisible(tab, true);
+        form.SSTab1.SetTab(tab);
+    }
+
+    void Act(const std::vector<std::string>& words) {
+        const std::string& verb = words[0];
+        if (verb == "wait") return world_.RunFor(milliseconds{std::stoi(words.at(1))});
+        if (verb == "after") {
+            const std::vector<std::string> later(words.begin() + 2, words.end());
+            world_.time.After(milliseconds{std::stoi(words.at(1))}, [this, later] {
+                log_.push_back("now " + later[0] + " " + later.at(1));
+                if (!Prepare(later)) Act(later);
+            });
+            return;
+        }
+        if (verb == "leave") return tool_->hand.Leave();
+        if (verb == "page" || verb == "no-page") {
+            const milliseconds delay{std::stoi(words.at(2))};
+            return verb == "page" ? world_.http.Complete(words[1], delay)
+                                  : world_.http.Fail(404, words[1], delay);
+        }
+        if (verb == "set" && words.size() == 3 && SetVariable(words[1], words[2])) return;
+        if (verb == "memory") {
+            const int address = std::stoi(words.at(2), nullptr, 16);
+            log_.push_back(Quoted(memory_->memory[{std::stoi(words.at(1)), address}]));
+            return;
+        }
+        Control& control = Find(words.at(1));
+        if (verb == "set") {
+            const std::string property = words.size() > 3 ? words[2] : "";
+            if (auto why = control.Assign(property, ValueOf(words.back(), Get(control, property))))
+                Fault(*why);
+        } else if (verb == "call") {
+            control.on_click();
+        } else if (verb == "click") {
+            Refused(tool_->hand.Click(control));
+        } else if (verb == "type") {
+            Refused(tool_->hand.Type(dynamic_cast<TextBox&>(control), words.at(2)));
+        } else if (verb == "press") {
+            Refused(tool_->hand.Press(dynamic_cast<TextBox&>(control), std::stoi(words.at(2))));
+        } else if (verb == "choose") {
+            Refused(tool_->hand.Choose(control, std::stoi(words.at(2))));
+        } else if (verb == "go") {
+            Refused(tool_->hand.GoTo(control));
+        } else {
+            Fault("no such word: " + verb);
+        }
+    }
+
+    // The editor is modal: what is done in it runs as an event of its own, `opening` milliseconds
+    // after it was asked for.
+    void Edit(int opening) {
+        bool returned = false;
+        world_.time.After(milliseconds{1}, [&] {
+            tool_->main_form.triggers.cmdEditMacro.on_click();
+            returned = true;
+        });
+        world_.time.After(milliseconds{opening}, [this] {
+            Tell();
+            PlayLines();
+            if (tool_->script_edit_form.Visible())
+                Refused(tool_->hand.Close(tool_->script_edit_form));
+        });
+        world_.loop.RunUntil([&] { return returned; }, std::chrono::hours{2});
+        Tell();
+    }
+
+    static void Refused(const Refusal& refusal) {
+        if (refusal) Fault(*refusal);
+    }
+
+    Control& Find(const std::string& name) {
+        for (Form* form : tool_->screen.forms()) {
+            if (Control* control = form->Find(name)) return *control;
+        }
+        Fault("no control " + name);
+    }
+    static Value Get(const Control& control, const std::string& name) {
+        const PropertyList list = control.Properties();
+        if (name.empty()) return list.front().second;
+        for (const auto& [property, value] : list) {
+            if (property == name) return value;
+        }
+        Fault("no property " + name);
+    }
+    bool SetVariable(const std::string& name, const std::string& word) {
+        for (const SessionVariable& variable : SessionVariables(*tool_)) {
+            if (variable.name != name) continue;
+            if (auto why = variable.set(ValueOf(word, variable.get()))) Fault(*why);
+            return true;
+        }
+        return false;
+    }
+
+    void ControlChanged(Control& control, Property property) override {
+        TakeOutside();
+        const MainForm& form = tool_->main_form;
+        if (&control == &form.lblMemoryBlock && property == Property::kCaption) {
+            log_.push_back("says " + Quoted(form.lblMemoryBlock.Caption()));
+        }
+        if (property == Property::kPointer) {
+            const bool busy = control.form().Pointer() == Form::kHourglass;
+            log_.push_back(busy ? "hourglass" : "arrow");
+        }
+    }
+
+    void OperationEnded(const OperationRecord& operation) override {
+        using End = OperationRecord::End;
+        TakeOutside();
+        log_.push_back("operation " + Quoted(operation.name) +
+                       (operation.Complete()                              ? " complete"
+                        : operation.end == End::kOvertaken                ? " overtaken"
+                        : operation.end == OperationRecord::End::kStopped ? " stopped"
+                                                                          : " runs"));
+    }
+
+    // What went out, boxes and beeps since the last look, in the log.
+    void TakeOutside() {
+        const auto& frames = world_.tcpsend.frames();
+        for (; frames_ < frames.size(); ++frames_) {
+            const auto& frame = frames[frames_];
+            log_.push_back((frame.connection > 1 ? std::to_string(frame.connection) : "") + "> " +
+                           HexText(TextOfFrame(frame.bytes)));
+        }
+        const auto& fetched = world_.http.requests();
+        for (; fetches_ < fetched.size(); ++fetches_) {
+            log_.push_back("fetches " + fetched[fetches_].url +
+                           (fetched[fetches_].bypass_cache ? " past all caches" : ""));
+        }
+    }
+
+    std::vector<Entry> Look() {
+        std::vector<Entry> all;
+        for (Form* form : tool_->screen.forms()) {
+            const bool main = form == &tool_->main_form;
+            if (!main && form != &tool_->script_edit_form) continue;
+            for (const Control* control : form->controls()) {
+                const bool array = control->name() != control->base_name();
+                // The line's own labels say what the frames say.
+                if (control->base_name().starts_with("Label")) continue;
+                for (const auto& [property, value] : control->Properties()) {
+                    if (property == "kind" || property == "usable") continue;
+                    if (control == &tool_->main_form.lblMemoryBlock) continue;  // see `says`
+                    if (const auto* tabs = std::get_if<std::vector<TabState>>(&value)) {
+                        LookAtTabs(*tabs, all);
+                    } else {
+                        all.push_back({property, control->base_name(),
+                                       array ? control->index() : -1, ValueText(value)});
+                    }
+                }
+            }
+            all.push_back({"focus", form->name(), -1, FocusOf(*form)});
+        }
+        for (const SessionVariable& variable : SessionVariables(*tool_)) {
+            const bool noise = variable.name == "ReplyBuffer" || variable.name == "FrameBuffer" ||
+                               variable.name == "CommandDone" || variable.name == "MacroMemory";
+            if (!noise) all.push_back({"", variable.name, -1, ValueText(variable.get())});
+        }
+        LookAtImage(all);
+        all.push_back({"", "beeps", -1, std::to_string(world_.sound.beeps())});
+        return all;
+    }
+    static std::string FocusOf(const Form& form) {
+        const Control* focused = form.Focused();
+        if (!focused) return "none";
+        const auto* box = dynamic_cast<const TextBox*>(focused);
+        return focused->name() +
+               (box ? " (" + std::to_string(box->SelLength()) + " selected)" : "");
+    }
+    static void LookAtTabs(const std::vector<TabState>& tabs, std::vector<Entry>& all) {
+        for (std::size_t i = 0; i < tabs.size(); ++i) {
+            all.push_back(
+                {"enabled", "tab", static_cast<int>(i), tabs[i].enabled ? "true" : "false"});
+            all.push_back(
+                {"visible", "tab", static_cast<int>(i), tabs[i].visible ? "true" : "false"});
+        }
+    }
+    void LookAtImage(std::vector<Entry>& all) {
+        const MacroMemory& image = tool_->macro_editor.state().image;
+        for (int at = 0; at < 256; ++at) {
+            const auto first = static_cast<std::size_t>(2 * at);
+            all.push_back({"", "image " + HexByte(static_cast<std::uint8_t>(at)), -1,
+                           HexByte(image.Get(first)) + " " + HexByte(image.Get(first + 1))});
+        }
+    }
+
+    // Writes what has happened since the last time.
+    void Tell() {
+        TakeOutside();
+        const auto& boxes = world_.boxes.shown();
+        for (; boxes_ < boxes.size(); ++boxes_) {
+            log_.push_back("box " + Quoted(boxes[boxes_].title + "|" + boxes[boxes_].text));
+        }
+        for (const std::string& line : log_) out_ += "    " + line + "\n";
+        log_.clear();
+        std::vector<Entry> now = Look();
+        std::vector<std::string> order;
+        std::map<std::string, std::vector<std::pair<std::string, int>>> groups;
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            if (now[i].value == seen_[i].value) continue;
+            const std::string group =
+                now[i].property + (now[i].property.empty() ? "" : " ") + now[i].value;
+            if (groups[group].empty()) order.push_back(group);
+            groups[group].emplace_back(now[i].base, now[i].index);
+        }
+        for (const std::string& group : order) {
+            out_ += "    " + group + ": " + NameList(groups[group]) + "\n";
+        }
+        seen_ = std::move(now);
+    }
+
+    const std::vector<std::string>& lines_;
+    std::size_t at_ = 0;
+    std::string out_;
+    VirtualPlatform world_;
+    std::unique_ptr<UnitPeer> unit_;
+    std::unique_ptr<MemoryPeer> memory_;
+    std::optional<Tool> tool_;
+    std::vector<std::string> log_;
+    std::vector<Entry> seen_;
+    std::size_t frames_ = 0;
+    std::size_t boxes_ = 0;
+    std::size_t fetches_ = 0;
+};
+
+std::filesystem::path FolderOf(const std::string& folder) {
+    return std::filesystem::path(KESTRANE_SOURCE_DIR) / "tests" / folder;
+}
+
+}  // namespace
+
+std::string PlayTranscript(const std::string& text) {
+    std::string played;
+    std::vector<std::string> story;
+    const auto play = [&] {
+        played += Player(story).Play();
+        story.clear();
+    };
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        if (line.starts_with("== ")) play();
+        if (line.starts_with("== "))
+            played += line + "\n";
+        else
+            story.push_back(line);
+    }
+    play();
+    return played;
+}
+
+std::vector<std::string> TranscriptsIn(const std::string& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(FolderOf(folder))) {
+        if (entry.path().extension() == ".story") names.push_back(entry.path().stem());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void ExpectTranscript(const std::string& folder, const std::string& name) {
+    const auto path = FolderOf(folder) / (name + ".story");
+    std::stringstream expected;
+    expected << std::ifstream(path).rdbuf();
+    const std::string played = PlayTranscript(expected.str());
+    if (std::getenv("KESTRANE_RECORD")) {
+        std::ofstream(path) << played;
+        return;
+    }
+    std::istringstream actual(played);
+    std::string line;
+    std::string wanted;
+    for (int number = 1; std::getline(actual, line); ++number) {
+        std::getline(expected, wanted);
+        ASSERT_EQ(line, wanted) << path << ":" << number;
+    }
+    EXPECT_EQ(played.size(), expected.str().size());
+}
+
+}  // namespace kestrane
