@@ -1,7 +1,7 @@
 // Bytes that a unit gone mad may send, in the place of each kind of reply: every read ends in a
 // tidy tab.
 
-#include "features_test_support.h"
+#include "support/tool_on_line.h"
 
 namespace kestrane {
 namespace {
@@ -32,7 +32,7 @@ struct Read {
     std::vector<std::string> commands;
 };
 
-class BadReplies : public FeatureTest, public testing::WithParamInterface<Read> {};
+class BadReplies : public testing::TestWithParam<Read>, public ToolOnMemory {};
 
 TEST_P(BadReplies, EndInATidyTab) {
     const Read& read = GetParam();

@@ -2,7 +2,7 @@
 // What it reads, shows and saves stands in changeover.story.
 
 #include "features/changeover_records.h"
-#include "features_test_support.h"
+#include "support/tool_on_line.h"
 
 namespace kestrane {
 namespace {
@@ -18,8 +18,10 @@ std::string Live(int first = 11) {
     return Bytes({0, 0, first, 12, 13, 14, 2, 20, 21, 100, 16, 7, 1, 2, 3, 0, 9, 0, 0});
 }
 
-class Changeover : public FeatureTest {
+class Changeover : public testing::Test, public ToolOnMemory {
   protected:
+    using Milliseconds = std::chrono::milliseconds;
+
     Changeover() {
         peer.memory[{250, 0x000A}] = Bytes({1, 16, 3, 4, 5, 4});
         peer.Answer(kStatusCommand, kBoth);

@@ -3,12 +3,12 @@
 
 #include <map>
 
-#include "features_test_support.h"
+#include "support/tool_on_line.h"
 
 namespace kestrane {
 namespace {
 
-class EditorReads : public FeatureTest {
+class EditorReads : public testing::Test, public ToolOnMemory {
   protected:
     EditorReads() {
         for (int i = 0; i < 8; ++i) {

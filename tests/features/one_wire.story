@@ -652,9 +652,7 @@ click cmdResetMinMax
 
 == On a unit with old firmware
 unit old
-quietly click cmdConnect
-quietly wait 250
-quietly click cmdReadNetworkSettings
+settings-read
 quietly choose SSTab1 5
 click cmdRead1WNames
     hourglass
@@ -718,9 +716,7 @@ click cmdRead1WNames
 
 == On a unit commit makes the tables agree, and clear empties one
 unit cms
-quietly click cmdConnect
-quietly wait 250
-quietly click cmdReadNetworkSettings
+settings-read
 quietly choose SSTab1 5
 quietly click cmdRead1WNames
 click cmd1WireCommit
@@ -815,9 +811,7 @@ click cmd1WireClear
 
 == A read that outlives its connection leaves the next one alone
 unit cms
-quietly click cmdConnect
-quietly wait 250
-quietly click cmdReadNetworkSettings
+settings-read
 quietly choose SSTab1 5
 after 2000 click cmdDisconnect
 after 2010 click cmdConnect

@@ -96,34 +96,6 @@ TEST_F(Editors, KeyFiltersTakeTheirSetsAndTheOddCodes) {
     EXPECT_EQ(world.sound.beeps(), beeps + 3);
 }
 
-TEST_F(Editors, KeyBoxFoldsAndHasItsHoles) {
-    TextBox& key = network.txtChaskey(0);
-    Type(key, "ff");
-    EXPECT_EQ(key.Text(), "FF");
-    EXPECT_EQ(key.ForeColor(), kRed);
-    Type(key, "aF09:@GZ`gz {");
-    EXPECT_EQ(key.Text(), "AF09:@':@") << "G to ` come in 32 lower, g to z and blanks not at all";
-    Type(key, std::string(40, 'f'));
-    EXPECT_EQ(key.Text(), std::string(32, 'F'));
-    EXPECT_EQ(key.ForeColor(), kBlack);
-    EXPECT_TRUE(session.MacroChanged);
-    tool.hand.Press(key, 8);
-    EXPECT_EQ(key.ForeColor(), kRed);
-}
-
-TEST_F(Editors, QuadsPaintTheirLabelsAndTheFrame) {
-    const std::pair<const char*, bool> addresses[] = {
-        {"0.1.2.3", false}, {"224.0.0.1", false},       {"223.1.1.1", true}, {"", false},
-        {"0.0.0.0", false}, {"255.255.255.255", false}, {"1.2.3", false},    {"10.1.1.1", true}};
-    for (const auto& [text, good] : addresses) {
-        Type(network.txtIPAddress, text);
-        EXPECT_EQ(network.lblIPAddress.ForeColor(), good ? kBlack : kRed) << text;
-        EXPECT_EQ(network.fraFixedIPSettings.ForeColor(), good ? kBlack : kRed) << text;
-    }
-    Type(network.txtSubnetMask, "0.1.2.3");
-    EXPECT_EQ(network.lblSubnetMask.ForeColor(), kBlack);
-}
-
 TEST_F(Editors, RepairsOnLeaving) {
     TextBox& oled = network.txtOledTimeout;
     EXPECT_EQ(Left(oled, "1"), "10");
@@ -139,42 +111,6 @@ TEST_F(Editors, RepairsOnLeaving) {
     EXPECT_EQ(Left(network.txtAttackLimit(1), ""), "10");
     EXPECT_EQ(Left(network.txtNetbiosName, "rack-7.a"), "RACK-7.A");
     EXPECT_EQ(Left(network.txtUnitName, std::string(20, 'x')), std::string(16, 'x'));
-}
-
-TEST_F(Editors, RemindersComeOnceForAChange) {
-    EXPECT_EQ(LastBox(), "") << "what the read fills in reminds nobody";
-    Left(network.txtIPAddress, "10.0.0.9");
-    EXPECT_EQ(LastBox().substr(0, 24), "Unit IP Address Changed|");
-    Left(network.txtTcpControlPort(0), "1243");
-    EXPECT_EQ(LastBox().substr(0, 21), "Control Port Changed|");
-    const std::size_t boxes = world.boxes.shown().size();
-    tool.hand.GoTo(network.txtIPAddress);
-    tool.hand.GoTo(network.txtUnitName);
-    EXPECT_EQ(world.boxes.shown().size(), boxes);
-    // One flag serves the three port boxes.
-    network.chkTcpControlEnable(1).SetChecked(true);
-    network.txtTcpControlPort(0).SetText("9");
-    tool.hand.GoTo(network.txtTcpControlPort(1));
-    tool.hand.Leave();
-    EXPECT_EQ(world.boxes.shown().size(), boxes + 1);
-}
-
-TEST_F(Editors, EnablesFollowTheirBoxes) {
-    for (int i = 0; i < 3; ++i) network.chkTcpControlEnable(i).SetChecked(false);
-    EXPECT_FALSE(network.txtForceDisconnect.Enabled());
-    EXPECT_FALSE(network.txtTcpControlPort(0).Enabled());
-    EXPECT_TRUE(network.txtChaskey(0).Usable());
-    Click(network.chkTcpControlEnable(2));
-    EXPECT_TRUE(network.txtForceDisconnect.Usable());
-    EXPECT_TRUE(network.txtTcpControlPort(2).Usable());
-    EXPECT_FALSE(network.txtTimeServerIP.Usable());
-    Click(network.chkTimeServerEnable);
-    EXPECT_TRUE(network.txtTimeServerIP.Usable());
-    EXPECT_TRUE(tool.hand.Type(network.txtKeyCounter(0), "1")) << "locked";
-    network.chkDHCP.SetChecked(true);
-    EXPECT_TRUE(network.txtIPAddress.Usable());
-    Click(form.cmdDisconnect);
-    EXPECT_FALSE(network.lblIPAddress.Enabled());
 }
 
 }  // namespace

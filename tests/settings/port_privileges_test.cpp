@@ -1,6 +1,6 @@
-// The grid of rights against the demo unit, and against replies that no unit would give.
+// The grid of rights: what each port with each of the rights reads, shows and writes. Their course
+// stands in port_privileges.story.
 
-#include "features/features_test_support.h"
 #include "support/tool_on_line.h"
 
 namespace kestrane {
@@ -40,12 +40,6 @@ struct Privileges : ::testing::Test, ToolOnUnit {
             .replace(0, 2, Address(board));
     }
     static std::string Address(int board) { return board == 100 ? "FA" : "FB"; }
-    Texts Commands() const {
-        Texts commands;
-        for (const auto& frame : world.tcpsend.sent())
-            commands.push_back(HexText(TextOfFrame(frame)));
-        return commands;
-    }
     CheckBox& Box(int board, int port, int bit) { return tab.chkPriv(board + 10 * port + bit); }
     std::string Current(int board, int port) {
         return tab.lblPrivByte(board + 10 * port).Caption();
@@ -93,7 +87,7 @@ void ReadAndWriteThrough(int port, int rights) {
     }
     at.ConnectThrough(port);
     at.Read();
-    EXPECT_EQ(at.Commands(), reads);
+    EXPECT_EQ(at.SentTexts(), reads);
     EXPECT_EQ(at.LastBox(), "");
     EXPECT_EQ(at.form.lblMemoryBlock.Caption(), "Privilege read complete");
     for (const int board : {100, 200}) {
@@ -105,7 +99,7 @@ void ReadAndWriteThrough(int port, int rights) {
     }
     at.world.tcpsend.ClearSent();
     at.Write();
-    Texts sent = at.Commands();
+    Texts sent = at.SentTexts();
     ASSERT_GT(sent.size(), writes.size());
     EXPECT_EQ(sent[writes.size()], Privileges::ReadOf(100, port));
     sent.resize(writes.size());
@@ -115,120 +109,6 @@ void ReadAndWriteThrough(int port, int rights) {
 TEST(PrivilegesMatrix, EachPortWithEachOfTheRights) {
     for (int port = 1; port <= 3; ++port) {
         for (int rights = 0; rights < 8; ++rights) ReadAndWriteThrough(port, rights);
-    }
-}
-
-TEST_F(Privileges, ThePortInUseIsKnownFromTheSettings) {
-    form.txtCurrentPort.SetText("1244");
-    ReadSettings();
-    Wait(300);
-    ASSERT_EQ(tool.hand.Choose(form.SSTab1, kTab).value_or(""), "");
-    world.tcpsend.ClearSent();
-    Read();
-    // The unit's own ID, 1, has been taken over by the read of the settings.
-    EXPECT_EQ(Sent(),
-              (Texts{"1002011103E202F91003", "1002011103E402FB1003", "1002011103E002F71003",
-                     "1002811103E202791003", "1002811103E4027B1003", "1002811103E002771003"}));
-    EXPECT_TRUE(tab.lblPriv(100).Enabled());
-}
-
-TEST_F(Privileges, WithoutAPortInUseNothingIsSent) {
-    ConnectThrough(1);
-    for (const int unknown : {0, 4, -1}) {
-        session.ConnectedPortIndex = unknown;
-        Read();
-        EXPECT_FALSE(tab.cmdWriteTCPPortPriv.Enabled());
-        EXPECT_TRUE(form.cmdHelp.Enabled());
-        tool.port_privileges.cmdWriteTCPPortPriv_Click();
-        EXPECT_TRUE(Sent().empty());
-        tab.cmdWriteTCPPortPriv.SetEnabled(false);
-    }
-}
-
-TEST_F(Privileges, WritingOthersImpliesReadingThemFromTheNextClickOn) {
-    SetRights(100, 1, 0x05);
-    ConnectThrough(1);
-    Read();
-    EXPECT_EQ(Current(100, 1), " 5");
-    Read();  // no box changes, so none is clicked
-    EXPECT_EQ(Current(100, 1), " 5");
-    Click(Box(100, 1, 1));
-    Click(Box(100, 1, 1));  // can't be cleared while the other stands
-    EXPECT_EQ(Current(100, 1), " 7");
-    EXPECT_EQ(LastRead(100, 1), "5");
-    EXPECT_EQ(LastBox(), "");
-    // It also acts while a read changes boxes, and then the unit has the last word.
-    SetRights(100, 1, 0x0D);
-    Read();
-    EXPECT_EQ(Commands().back(), ReadOf(100, 2));
-    EXPECT_EQ(LastBox(), "Privileges|Denied due to privilege settings");
-    EXPECT_EQ(LastRead(100, 2), "-");
-}
-
-TEST_F(Privileges, TheReadAfterAWriteRunsUnderTheReducedRights) {
-    ConnectThrough(1);
-    Read();
-    Click(Box(100, 1, 2));
-    Click(Box(100, 1, 1));
-    Write();
-    EXPECT_EQ(Memory(100).Read(0x03E0, 2), Bytes({0xF9, 0xFF}));
-    EXPECT_EQ(form.lblMemoryBlock.Caption(), "Privilege read complete");
-    EXPECT_FALSE(Box(100, 2, 0).Visible());
-    EXPECT_TRUE(Box(200, 2, 0).Visible());
-}
-
-TEST_F(Privileges, ARefusedWriteStopsAndReadsNothingBack) {
-    ConnectThrough(1);
-    Read();
-    SetRights(100, 1, 0x01);  // taken away behind the tool's back
-    world.tcpsend.ClearSent();
-    Write();
-    EXPECT_EQ(Commands(), Texts{"FA1203E2021AFF"});
-    EXPECT_EQ(form.lblMemoryBlock.Caption(), "Writing relay privileges");
-    EXPECT_TRUE(tab.cmdWriteTCPPortPriv.Enabled());
-    EXPECT_TRUE(form.SSTab1.Tabs()[0].enabled);
-}
-
-TEST_F(Privileges, BoxesAndTheWriteButtonStayUsableDuringARead) {
-    ConnectThrough(1);
-    Read();
-    world.time.After(std::chrono::milliseconds(150), [&] {
-        EXPECT_FALSE(tab.cmdReadTCPPortPriv.Enabled() || form.cmdHelp.Enabled());
-        EXPECT_TRUE(tab.cmdWriteTCPPortPriv.Enabled());
-        Click(Box(200, 3, 0));
-        EXPECT_EQ(Current(200, 3), " 1");
-    });
-    Read();
-    EXPECT_EQ(Current(200, 3), " 0");
-}
-
-TEST_F(Privileges, AWriteThatOutlivesItsConnectionLeavesTheNextOneAlone) {
-    ConnectThrough(1);
-    Read();
-    world.time.After(std::chrono::milliseconds(150), [&] {
-        Click(form.cmdDisconnect);
-        ReadSettings();
-    });
-    Write();
-    EXPECT_FALSE(tab.cmdWriteTCPPortPriv.Enabled());
-    EXPECT_TRUE(tab.cmdReadTCPPortPriv.Enabled());
-    EXPECT_NE(Commands().back().substr(4, 3), "03E");
-}
-
-class PrivilegesScripted : public FeatureTest {};
-
-TEST_F(PrivilegesScripted, BadRepliesNeverCrash) {
-    ConnectOn(kTab);
-    session_.ConnectedPortIndex = 3;
-    for (const int board : {0xFA, 0xFB}) {
-        const std::string command = ReadCommand(board, 0x03E4, 2);
-        for (const std::string& reply : BadReplies(command)) {
-            ReplyRaw(command, reply);
-            tool_.port_privileges.cmdReadTCPPortPriv_Click();
-            EXPECT_EQ(form_.Pointer(), Form::kArrow);
-            EXPECT_NE(form_.privileges.lblPrivByte(board == 0xFA ? 1130 : 1230).Caption(), "-1");
-        }
-        ReplyRaw(command, Framed(command + "\x01\xFF"));
     }
 }
 

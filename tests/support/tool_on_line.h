@@ -8,6 +8,8 @@
 #include <functional>
 #include <string>
 
+#include "screen/screen_helpers.h"
+#include "support/memory_peer.h"
 #include "support/scripted_peer.h"
 #include "support/unit_peer.h"
 #include "support/virtual_platform.h"
@@ -32,6 +34,15 @@ struct ToolOnLine {
         Wait(250);
         ASSERT_EQ(form.lblNotLoggedIn.Caption(), "Socket is connected");
     }
+    // Connected as administrator with this tab on the screen.
+    void ConnectOn(int tab) {
+        Connect();
+        session.AdminLoggedIn = true;
+        SetTabsEnabled(form, true);
+        form.SSTab1.SetTabVisible(tab, true);
+        form.SSTab1.SetTab(tab);
+        world.tcpsend.ClearSent();
+    }
     void Click(Control& control) { EXPECT_EQ(tool.hand.Click(control).value_or(""), ""); }
     void Type(TextBox& box, const std::string& text) {
         EXPECT_EQ(tool.hand.Type(box, text).value_or(""), "");
@@ -51,6 +62,14 @@ struct ToolOnLine {
         for (const std::string& frame : world.tcpsend.sent()) frames.push_back(HexText(frame));
         return frames;
     }
+    // Only the texts of these frames: address, code and arguments, without doubling.
+    std::vector<std::string> SentTexts() const {
+        std::vector<std::string> texts;
+        for (const std::string& frame : world.tcpsend.sent()) {
+            texts.push_back(HexText(TextOfFrame(frame)));
+        }
+        return texts;
+    }
 };
 
 // With the demo unit at the other end.
@@ -64,6 +83,11 @@ struct ToolOnUnit : ToolOnLine {
     }
 
     UnitPeer peer;
+};
+
+// With a memory whose answers the test sets.
+struct ToolOnMemory : ToolOnLine {
+    MemoryPeer peer{world.tcpsend};
 };
 
 // With a peer that the test writes.

@@ -189,6 +189,9 @@ class Player : private ScreenListener, private JournalObserver {
             }
         } else if (verb == "connected") {
             ConnectOn(std::stoi(words.at(1)));
+        } else if (verb == "settings-read") {
+            Connect();
+            Refused(tool_->hand.Click(tool_->main_form.network.cmdReadNetworkSettings));
         } else {
             return false;
         }
@@ -206,17 +209,21 @@ class Player : private ScreenListener, private JournalObserver {
                 memory_->memory[{board, address}] = bytes;
                 continue;
             }
-            auto& unit = unit_->unit();
-            (board == 250 ? unit.Relay() : unit.Display())
-                .Write(static_cast<std::size_t>(address), bytes);
+            BoardOf(board).Write(static_cast<std::size_t>(address), bytes);
         }
     }
+    unit::BoardMemory& BoardOf(int board) {
+        return board == 250 ? unit_->unit().Relay() : unit_->unit().Display();
+    }
 
+    void Connect() {
+        Refused(tool_->hand.Click(tool_->main_form.cmdConnect));
+        world_.RunFor(milliseconds{250});
+    }
     // Connected as administrator with this tab on the screen.
     void ConnectOn(int tab) {
         MainForm& form = tool_->main_form;
-        Refused(tool_->hand.Click(form.cmdConnect));
-        world_.RunFor(milliseconds{250});
+        Connect();
         tool_->session.AdminLoggedIn = true;
         SetTabsEnabled(form, true);
         form.SSTab1.SetTabVisible(tab, true);
@@ -241,9 +248,12 @@ class Player : private ScreenListener, private JournalObserver {
                                   : world_.http.Fail(404, words[1], delay);
         }
         if (verb == "set" && words.size() == 3 && SetVariable(words[1], words[2])) return;
+        if (verb == "show") return Show(words.at(1), words.size() > 2 ? words[2] : "");
         if (verb == "memory") {
-            const int address = std::stoi(words.at(2), nullptr, 16);
-            log_.push_back(Quoted(memory_->memory[{std::stoi(words.at(1)), address}]));
+            const auto address = static_cast<std::size_t>(std::stoi(words.at(2), nullptr, 16));
+            log_.push_back(
+                HexText(BoardOf(std::stoi(words.at(1)))
+                            .Read(address, static_cast<std::size_t>(std::stoi(words.at(3))))));
             return;
         }
         Control& control = Find(words.at(1));
@@ -265,6 +275,15 @@ class Player : private ScreenListener, private JournalObserver {
             Refused(tool_->hand.GoTo(control));
         } else {
             Fault("no such word: " + verb);
+        }
+    }
+
+    void Show(const std::string& name, const std::string& property) {
+        for (const Entry& entry : Look()) {
+            const bool same = entry.index < 0
+                                  ? entry.base == name
+                                  : entry.base + "(" + std::to_string(entry.index) + ")" == name;
+            if (same && entry.property == property) log_.push_back(entry.value);
         }
     }
 

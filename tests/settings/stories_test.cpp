@@ -6,11 +6,11 @@ namespace kestrane {
 namespace {
 
 // The stories of this folder, one case a file.
-class FeatureTranscripts : public testing::TestWithParam<std::string> {};
+class SettingsStories : public testing::TestWithParam<std::string> {};
 
-TEST_P(FeatureTranscripts, GoAsTheyStand) { ExpectTranscript("features", GetParam()); }
+TEST_P(SettingsStories, GoAsTheyStand) { ExpectTranscript("settings", GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(, FeatureTranscripts, testing::ValuesIn(TranscriptsIn("features")),
+INSTANTIATE_TEST_SUITE_P(, SettingsStories, testing::ValuesIn(TranscriptsIn("settings")),
                          [](const auto& name) { return name.param; });
 
 }  // namespace
