@@ -36,8 +36,6 @@ class Player {
     // Everything as a fresh start would have it, step by step at its time.
     void Recover(milliseconds begin);
     bool recovered() const { return recovered_; }
-    // Nothing has been typed since the clean read.
-    void CheckNothingPending() const;
 
   private:
     Form& Active() { return *tool_.screen.ActiveForm(); }
@@ -48,6 +46,8 @@ class Player {
     void Press(const std::string& name);
     void Type(unsigned box, unsigned text);
     void Work(unsigned number);
+    // Nothing has been typed since the clean read.
+    void CheckNothingPending() const;
     void OpenEditor(milliseconds begin);
     void Need(const Refusal& refusal) const;
     void At(milliseconds time, std::function<void()> action);
@@ -206,7 +206,8 @@ void Player::ReadAll(milliseconds begin) {
     const std::pair<int, Button*> reads[] = {
         {0, &form.network.cmdReadNetworkSettings}, {1, &form.privileges.cmdReadTCPPortPriv},
         {2, &form.security.cmdReadWBISettings},    {3, &form.names.cmdReadChannelNames},
-        {4, &form.triggers.cmdReadMacroTriggers},  {5, &form.one_wire.cmdRead1WNames}};
+        {4, &form.triggers.cmdReadMacroTriggers},  {5, &form.one_wire.cmdRead1WNames},
+        {6, &form.changeover.cmdReadCMSOptions}};
     for (const auto& [tab, button] : reads) {
         At(begin, [this, tab = tab, button = button] {
             if (tab > 0) Need(tool_.hand.Choose(stage_.form.SSTab1, tab));
@@ -214,6 +215,7 @@ void Player::ReadAll(milliseconds begin) {
         });
         begin += milliseconds(1500);
     }
+    At(begin, [this] { CheckNothingPending(); });
     OpenEditor(begin);
     At(begin + milliseconds(2000), [this] {
         Need(tool_.hand.Choose(stage_.form.SSTab1, 0));
@@ -336,6 +338,7 @@ void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
         stage.world.time.At(time, [&stage, &player, &steps, step] {
             ++steps;
             stage.CheckMoment();
+            stage.CheckFreshConnection();
             player.Do(step);
         });
     }
@@ -344,7 +347,6 @@ void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
     if (!player.recovered()) throw Broken{"a read does not end"};
     if (stage.world.max_pump_depth() > 150) throw Broken{"waits pile up"};
     Compare(player.Look());
-    player.CheckNothingPending();
 }
 
 }  // namespace

@@ -172,6 +172,23 @@ void Stage::CheckMoment() const {
     if (session.AdminLoggedIn) throw Broken{"logged in without a connection"};
 }
 
+void Stage::CheckFreshConnection() {
+    constexpr std::chrono::milliseconds kSeenByThen{400};
+    if (!tool.link.Connected()) {
+        fresh_connection_ = 0;
+        return;
+    }
+    if (std::exchange(fresh_connection_, tool.link.connection()) != tool.link.connection()) {
+        connected_since_ = world.Now();
+    }
+    const auto& operations = tool.link.journal().operations();
+    if (!operations.empty() && operations.back().connection == fresh_connection_) return;
+    const bool usable = network.cmdReadNetworkSettings.Enabled();
+    if (world.Now() - connected_since_ > kSeenByThen && !usable && !tool.link.Busy()) {
+        throw Broken{"stuck: a new connection can't be read"};
+    }
+}
+
 // What the journal says of a write is what the unit holds.
 void Stage::CheckMemory(const Exchange& exchange) {
     if (exchange.command != kWriteMemory || !exchange.Accepted()) return;

@@ -36,6 +36,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     void SetRights(unsigned number, int rights);
     // What holds between events, whatever has happened.
     void CheckMoment() const;
+    // A connection that nothing has been done on yet lets its settings be read.
+    void CheckFreshConnection();
     // The live status commands that the units have got.
     int status_polls() const { return status_polls_; }
     // No fault any more, and all units as they came.
@@ -57,6 +59,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     std::optional<ReplyLine> line_;
     unsigned connected_to_ = 0;
     int control_port_ = 1;
+    int fresh_connection_ = 0;
+    std::chrono::milliseconds connected_since_{};
     int changes_ = 0;  // of the units' memory by anything but the line
     int status_polls_ = 0;
     std::string first_change_;  // of Label3 since the last frame
