@@ -55,7 +55,7 @@ ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Ha
     left->addWidget(Listing());
     left->addLayout(SecondByte());
     left->addStretch(1);
-    middle->addLayout(left);
+    middle->addLayout(left, 1);
     middle->addWidget(Instructions(), 1);
     outer->addLayout(middle, 1);
     outer->addLayout(Actions());
