@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
+#include "macro/source_words.h"
 #include "text/text.h"
 
 namespace kestrane {

@@ -3,8 +3,8 @@
 #include "cli/call_driver.h"
 #include "cli/macro_blocks.h"
 #include "link/frame.h"
-#include "macro/instruction_reader.h"
 #include "macro/macro_file.h"
+#include "macro/source_words.h"
 #include "text/text.h"
 #include "text/utf8.h"
 

@@ -5,6 +5,7 @@
 #include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
 #include "macro/source_line.h"
+#include "macro/trigger_statement.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -12,10 +13,8 @@ namespace kestrane {
 namespace {
 
 constexpr std::size_t kLastAddress = MacroProgram::kAddresses - 1;
-constexpr std::size_t kLongestName = 14;
-constexpr int kLastPage = 9;
 
-std::string Quoted(std::string_view bytes) { return "\"" + FromByteText(bytes) + "\""; }
+std::string QuotedBytes(std::string_view bytes) { return Quoted(FromByteText(bytes)); }
 
 std::string Hex(std::size_t address) { return HexByte(static_cast<std::uint8_t>(address)); }
 
@@ -38,9 +37,8 @@ class Assembler {
         long line;
     };
 
-    void Fault(std::size_t at, std::string text) {
-        assembly_.faults.push_back({{line_, static_cast<int>(at) + 1}, std::move(text), false});
-    }
+    SourcePlace Place(std::size_t at) const { return {line_, static_cast<int>(at) + 1}; }
+    void Fault(std::size_t at, std::string text) { Fault(Place(at), std::move(text)); }
     void Fault(SourcePlace place, std::string text, bool is_warning = false) {
         assembly_.faults.push_back({place, std::move(text), is_warning});
     }
@@ -50,11 +48,6 @@ class Assembler {
     bool ReadAt(SourceLine& line);
     bool ReadLabel(SourceLine& line);
     void ReadTrigger(SourceLine& line);
-    bool ReadTriggerNumber(SourceLine& line, int& row);
-    bool ReadTriggerName(SourceLine& line, std::string& name);
-    bool ReadTriggerPage(SourceLine& line, std::string& page);
-    bool ReadTriggerState(SourceLine& line, bool& enabled);
-    bool ReadTriggerAddress(SourceLine& line, int row, MacroProgram::Trigger& trigger);
     void ReadInstruction(SourceLine& line);
     void Store(std::uint8_t opcode, std::uint8_t second, std::size_t at);
     void Resolve(const Use& use);
@@ -114,7 +107,7 @@ bool Assembler::ReadAt(SourceLine& line) {
     const auto address = HexPair(word);
     if (!address || *address < kFirstMacroAddress || *address > kLastAddress) {
         Fault(line.at(),
-              (word.empty() ? "an address is missing" : Quoted(word) + " is wrong here") +
+              (word.empty() ? "an address is missing" : QuotedBytes(word) + " is wrong here") +
                   ", \"at\" takes two hexadecimal digits from 10 to 7F");
         line.Skip(line.Rest().size());
         return false;
@@ -140,7 +133,7 @@ bool Assembler::ReadLabel(SourceLine& line) {
     ahead.Skip(1);
     line = ahead;
     if (!IsLabel(name)) {
-        Fault(at, Quoted(name) +
+        Fault(at, QuotedBytes(name) +
                       " is not a label: letters, digits and \"_\", no digit first, and " +
                       "not two hexadecimal digits");
         return true;
@@ -158,114 +151,18 @@ bool Assembler::ReadLabel(SourceLine& line) {
 }
 
 void Assembler::ReadTrigger(SourceLine& line) {
-    const SourcePlace place{line_, static_cast<int>(line.at()) + 1};
-    line.Skip(std::string_view("trigger").size());
-    int row = 0;
-    MacroProgram::Trigger trigger{.row = {"", "0", "00", false}, .place = place};
-    if (!ReadTriggerNumber(line, row) || !ReadTriggerName(line, trigger.row.name) ||
-        !ReadTriggerPage(line, trigger.row.page) || !ReadTriggerState(line, trigger.row.enabled) ||
-        !ReadTriggerAddress(line, row, trigger)) {
-        return;
+    const SourcePlace place = Place(line.at());
+    const TriggerStatement read = ReadTriggerStatement(line);
+    for (const TextFault& fault : read.faults) Fault(fault.at, FromByteText(fault.text));
+    if (!read.label.empty()) uses_.push_back({Place(read.label_at), read.label, 0, read.row});
+    if (read.row < 0) return;
+    auto& trigger = assembly_.program.triggers[static_cast<std::size_t>(read.row)];
+    if (trigger) {
+        return Fault(read.number_at, "trigger " + std::to_string(read.row + 1) +
+                                         " stands in line " + std::to_string(trigger->place.line) +
+                                         " already");
     }
-    if (!line.AtEnd()) {
-        return Fault(line.at(), Quoted(line.Word()) + " is too much, the trigger ends before it");
-    }
-    assembly_.program.triggers[static_cast<std::size_t>(row)] = trigger;
-}
-
-bool Assembler::ReadTriggerNumber(SourceLine& line, int& row) {
-    const std::string_view word = line.Word("\"");
-    if (word.size() != 1 || word[0] < '1' || word[0] > '8') {
-        Fault(line.at(), "a trigger has a number from 1 to 8");
-        return false;
-    }
-    row = word[0] - '1';
-    if (const auto& first = assembly_.program.triggers[static_cast<std::size_t>(row)]) {
-        Fault(line.at(), "trigger " + std::string(word) + " stands in line " +
-                             std::to_string(first->place.line) + " already");
-        return false;
-    }
-    line.Skip(1);
-    return true;
-}
-
-// A name must come back from the file: its line is trimmed there, and one with an apostrophe in
-// front would be a comment.
-bool Assembler::ReadTriggerName(SourceLine& line, std::string& name) {
-    const std::size_t start = line.at();
-    const auto fail = [this](std::size_t at, const char* text) {
-        Fault(at, text);
-        return false;
-    };
-    if (line.Next() != '"') return fail(start, "a name in double quotes is expected here");
-    for (line.Take(1); line.Next() != '"' || line.AtEnd(); line.Take(1)) {
-        if (line.AtEnd()) return fail(start, "the name has no closing quote");
-        if (line.Next() == '\\') {
-            line.Take(1);
-            if (line.Next() != '"' && line.Next() != '\\') {
-                return fail(line.at() - 1, "a backslash stands before a quote or a backslash only");
-            }
-        }
-        name += line.Next();
-    }
-    line.Take(1);
-    if (!line.AtEnd() && !IsBlank(line.Next())) {
-        return fail(line.at(), "a blank is expected after the name");
-    }
-    line.Skip(0);
-    if (name.size() > kLongestName) return fail(start, "a name has at most 14 characters");
-    if (name.empty() || name[0] == ' ' || name[0] == '\'') {
-        return fail(start,
-                    "a name that is empty or begins with a blank or an apostrophe can't be "
-                    "read back from a file; begin it with a letter");
-    }
-    return true;
-}
-
-bool Assembler::ReadTriggerPage(SourceLine& line, std::string& page) {
-    if (UpperCase(line.Word()) != "PAGE") return true;
-    line.Skip(std::string_view("page").size());
-    const std::string_view word = line.Word();
-    if (word.size() != 1 || word[0] < '0' || word[0] > '0' + kLastPage) {
-        Fault(line.at(), "a page is a number from 0 to 9");
-        return false;
-    }
-    page = word;
-    line.Skip(1);
-    return true;
-}
-
-bool Assembler::ReadTriggerState(SourceLine& line, bool& enabled) {
-    const std::string_view word = line.Word();
-    enabled = UpperCase(word) == "ENABLED";
-    if (!enabled && UpperCase(word) != "DISABLED") {
-        Fault(line.at(), "\"enabled\" or \"disabled\" is expected here");
-        return false;
-    }
-    line.Skip(word.size());
-    return true;
-}
-
-bool Assembler::ReadTriggerAddress(SourceLine& line, int row, MacroProgram::Trigger& trigger) {
-    const std::string word(line.Word());
-    const SourcePlace place{line_, static_cast<int>(line.at()) + 1};
-    if (const auto address = HexPair(word)) {
-        if (*address != 0 && !OperandInRange(Operand::kAddress, *address)) {
-            Fault(place, "address " + word +
-                             " is out of range, a trigger goes to 10 to 7E, or to " +
-                             "00 if it has no macro");
-            return false;
-        }
-        trigger.row.address = HexByte(*address);
-    } else if (IsLabel(word)) {
-        uses_.push_back({place, word, 0, row});
-    } else {
-        Fault(place, (word.empty() ? "an address is missing" : Quoted(word) + " is wrong here") +
-                         ", a trigger takes a label or two hexadecimal digits");
-        return false;
-    }
-    line.Skip(word.size());
-    return true;
+    trigger = {read.fields, place};
 }
 
 void Assembler::ReadInstruction(SourceLine& line) {
@@ -276,7 +173,7 @@ void Assembler::ReadInstruction(SourceLine& line) {
     } else if (read.label == ".") {
         if (next_ > kLastJumpTarget) Fault(at + read.label_at, "a jump does not reach beyond 7E");
     } else if (!read.label.empty()) {
-        uses_.push_back({{line_, static_cast<int>(at + read.label_at) + 1}, read.label, next_, -1});
+        uses_.push_back({Place(at + read.label_at), read.label, next_, -1});
     }
     Store(read.opcode, read.label == "." ? static_cast<std::uint8_t>(next_) : read.second, at);
 }
@@ -294,7 +191,7 @@ void Assembler::Store(std::uint8_t opcode, std::uint8_t second, std::size_t at) 
                       " already; go on at a free address with \"at\"");
     } else {
         program.programmed.set(next_);
-        program.places[next_] = {line_, static_cast<int>(at) + 1};
+        program.places[next_] = Place(at);
         program.image.Set(2 * next_, opcode);
         program.image.Set(2 * next_ + 1, second);
     }

@@ -16,12 +16,9 @@
 #include <string>
 #include <string_view>
 
-namespace kestrane {
+#include "macro/source_words.h"
 
-struct TextFault {
-    std::size_t at = 0;  // where the wrong word begins; the end of the text if one is missing
-    std::string text;    // what is wrong and what would be right
-};
+namespace kestrane {
 
 struct ReadInstruction {
     std::uint8_t opcode = 0;
@@ -35,13 +32,6 @@ struct ReadInstruction {
 
 // `text` neither begins nor ends with a blank.
 ReadInstruction ReadInstructionText(std::string_view text);
-
-inline bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-
-// Two hexadecimal digits in any case.
-std::optional<std::uint8_t> HexPair(std::string_view word);
-// Letters, digits and "_", no digit first, and not two hexadecimal digits.
-bool IsLabel(std::string_view word);
 
 // The text of an instruction with single blanks; as BYTES if the text would not give both bytes
 // back. `target`, unless empty, stands for an address operand.

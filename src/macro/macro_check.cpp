@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
 #include "macro/macro_flow.h"
 #include "macro/program_text.h"
+#include "macro/source_words.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -63,8 +63,8 @@ std::optional<Finding> CheckTriggerAddress(int row, const TriggerRow& fields, So
     const auto address = HexPair(fields.address);
     if (address && OperandInRange(Operand::kAddress, *address)) return std::nullopt;
     return Finding{place, std::nullopt, kError, "trigger",
-                   TriggerName(row) + " is enabled and its address \"" + FromByteText(fields.address) +
-                       "\" is not one from 10 to 7E"};
+                   TriggerName(row) + " is enabled and its address \"" +
+                       FromByteText(fields.address) + "\" is not one from 10 to 7E"};
 }
 
 // The lines of a macro file, apart from what its bytes mean.

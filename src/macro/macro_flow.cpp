@@ -2,8 +2,8 @@
 
 #include <bitset>
 
-#include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
+#include "macro/source_words.h"
 #include "macro/time_code.h"
 #include "text/text.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "macro/instruction_reader.h"
 #include "macro/macro_file.h"
+#include "macro/source_words.h"
 #include "text/text.h"
 
 namespace kestrane {

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "macro/instruction_reader.h"
+#include "macro/source_words.h"
 
 namespace kestrane {
 

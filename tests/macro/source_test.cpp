@@ -163,6 +163,10 @@ TEST(Assembler, TellsAllFaultsInOneGoInTheOrderOfTheText) {
     EXPECT_THAT(Faults("at 7F: GOTO ."),
                 ElementsAre(HasSubstr("1:8: warning"), HasSubstr("1:13: a jump does not reach")));
     EXPECT_THAT(Faults("at 7F: WAIT 0"), IsEmpty());
+    EXPECT_THAT(Faults("trigger 9 \"Fifteen letters\" page 10 on nowhere 1"),
+                ElementsAre(HasSubstr("1:9: "), HasSubstr("1:11: "), HasSubstr("1:34: a page"),
+                            HasSubstr("1:37: \"enabled\""), HasSubstr("1:40: label nowhere"),
+                            HasSubstr("1:48: \"1\" is too much")));
 }
 
 TEST(Assembler, LabelsAtAndTriggersMakeAProgram) {
