@@ -92,17 +92,6 @@ TEST_F(GoToLine, MovesTheUnitsMacroAndInTraceTheCursor) {
     });
 }
 
-TEST_F(GoToLine, SendsAddressZeroForAnEmptiedBox) {
-    InEditor([&] {
-        editor.txtGoTo.SetText("05");
-        world.tcpsend.ClearSent();
-        editor.cmdGoTo.on_click();
-        EXPECT_EQ(Addresses(), std::vector<std::string>{"00"});
-        EXPECT_EQ(LastBox(), kInvalid);
-        EXPECT_EQ(editor.Focused(), &editor.txtGoTo);
-    });
-}
-
 TEST_F(GoToLine, RepeatsWithoutLimitUntilTheUnitAnswersToIt) {
     InEditor([&] {
         Wait(150);

@@ -33,39 +33,6 @@ TEST_F(Inserts, StoreTheirOpcodeWithTheOperandThatTheyTake) {
     });
 }
 
-TEST_F(Inserts, TakeAMaskThroughTheSecondBytesField) {
-    InEditor([&] {
-        Type(editor.txtSecondByteHex, "02");
-        Type(editor.txtGroup1, "81");
-        Insert(0xE7);
-        EXPECT_EQ(editor.txtSecondByteHex.Text(), "81");
-        EXPECT_EQ(editor.txtSecondByteTime.Text(), "10.0");
-        EXPECT_FALSE(editor.cmdInsertCommand(198).Enabled());
-        EXPECT_FALSE(editor.cmdInsertCommand(199).Enabled());
-        for (const char* text : {"8", "GG", "123", ""}) {
-            Type(editor.txtGroup1, text);
-            Insert(0xE7);
-            EXPECT_EQ(At(0x10), "E7 00") << text;
-        }
-    });
-}
-
-TEST_F(Inserts, StepOnUpToTheLastJumpTarget) {
-    InEditor([&] {
-        SetChecked(editor.chkAutoIncrement, true);
-        MoveTo(0x7C);
-        Insert(0x02);
-        Click(editor.cmdOff(13));
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7E);
-        Insert(0x51);
-        Insert(0x52);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7E);
-        EXPECT_EQ(At(0x7C), "02 00");
-        EXPECT_EQ(At(0x7D), "3D 00");
-        EXPECT_EQ(At(0x7E), "52 00");
-    });
-}
-
 TEST_F(Inserts, OfOutletsTakeTheirOpcodeFromAlwaysWait) {
     InEditor([&] {
         Type(editor.txtSecondByteHex, "0A");
@@ -85,68 +52,7 @@ TEST_F(Inserts, OfOutletsTakeTheirOpcodeFromAlwaysWait) {
     });
 }
 
-TEST_F(Inserts, AtTheLastAddressAreForOutletsAlone) {
-    InEditor([&] {
-        MoveTo(0x7F);
-        SetChecked(editor.chkTrace, true);
-        editor.lblTopStatus.SetCaption("old");
-        Insert(0x51);
-        EXPECT_FALSE(editor.chkTrace.Checked());
-        EXPECT_EQ(At(0x7F), "00 00");
-        EXPECT_EQ(editor.lblTopStatus.Caption(), "old");
-        EXPECT_FALSE(session.MacroChanged);
-        Click(editor.cmdOn(0));
-        EXPECT_EQ(At(0x7F), "40 00");
-    });
-}
-
-TEST_F(Inserts, LandWhereTheCursorStoodBeforeTheTrace) {
-    InEditor([&] {
-        MoveTo(0x20);
-        SetChecked(editor.chkTrace, true);
-        MoveTo(0x50);
-        Click(editor.cmdOn(2));
-        EXPECT_TRUE(editor.chkTrace.Checked());
-        EXPECT_EQ(At(0x20), "42 00");
-        Insert(0x51);
-        EXPECT_EQ(At(0x20), "51 00");
-        EXPECT_EQ(At(0x50), "00 00");
-        EXPECT_EQ(state.MemPointer, 0x50);
-    });
-}
-
 class SecondByteField : public testing::Test, public OfflineEditor {};
-
-TEST_F(SecondByteField, IsRedUntilItIsAccepted) {
-    InEditor([&] {
-        const auto both = [&](Colour colour) {
-            EXPECT_EQ(editor.txtSecondByteHex.ForeColor(), colour);
-            EXPECT_EQ(editor.txtSecondByteTime.ForeColor(), colour);
-        };
-        Type(editor.txtSecondByteHex, "0a");
-        both(kRed);
-        // Leaving the box accepts it.
-        EXPECT_FALSE(tool.hand.GoTo(editor.txtSecondByteTime));
-        both(kBlack);
-        EXPECT_EQ(editor.txtSecondByteHex.Text(), "0A");
-        EXPECT_EQ(editor.txtSecondByteTime.Text(), "1.0");
-        // Leaving the time does not.
-        Type(editor.txtSecondByteTime, "635");
-        EXPECT_FALSE(tool.hand.GoTo(editor.scrListScroll));
-        both(kRed);
-        EXPECT_EQ(editor.txtSecondByteHex.Text(), "0A");
-        Click(editor.cmdSecondByteTimeOK);
-        both(kBlack);
-        EXPECT_EQ(editor.txtSecondByteHex.Text(), "C6");
-        EXPECT_EQ(editor.txtSecondByteTime.Text(), "600.0");
-        // No code holds a negative time.
-        Type(editor.txtSecondByteTime, "-5");
-        Click(editor.cmdSecondByteTimeOK);
-        both(kRed);
-        EXPECT_EQ(editor.txtSecondByteTime.Text(), "-5");
-        EXPECT_EQ(editor.txtSecondByteHex.Text(), "C6");
-    });
-}
 
 TEST_F(SecondByteField, EnablesAlarmAndSupplyForValuesThatTheyHold) {
     session.UnitType = "CMS";

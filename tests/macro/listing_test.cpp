@@ -70,47 +70,6 @@ TEST_F(Listing, StaysWithinTheAddressSpaceInTrace) {
     });
 }
 
-TEST_F(Listing, IsCentredByTickingTraceAndLeftByClearingIt) {
-    InEditor([&] {
-        MoveTo(0x40);
-        EXPECT_EQ(state.ListTop, 0x31);
-        SetChecked(editor.chkTrace, true);
-        EXPECT_EQ(state.ListTop, 0x39);
-        EXPECT_EQ(state.ListRow, 7);
-        EXPECT_TRUE(editor.timTrace.Enabled());
-        EXPECT_FALSE(editor.timUpdate.Enabled());
-        MoveTo(0x50);
-        SetChecked(editor.chkTrace, false);
-        EXPECT_EQ(state.MemPointer, 0x40);
-        EXPECT_FALSE(editor.timTrace.Enabled());
-        EXPECT_TRUE(editor.timUpdate.Enabled());
-    });
-}
-
-TEST_F(Listing, ReadsAClickedRowAfterTheRefresh) {
-    InEditor([&] {
-        Put(0x15, 0xE7, 0x55);
-        Put(0x1C, 0x58, 0x0F);
-        MoveTo(0x20);
-        Click(editor.lblCommand(4));
-        EXPECT_EQ(state.MemPointer, 0x15);
-        EXPECT_EQ(state.CurrentOpcode, 0xE7);
-        EXPECT_EQ(state.CurrentSecondByte, 0x55);
-        // In trace the list moves below the click: row 12 held 0x1C and holds 0x21 then.
-        SetChecked(editor.chkTrace, true);
-        Put(0x21, 0xE5, 0x03);
-        Click(editor.lblCommand(12));
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x1C);
-        EXPECT_EQ(state.CurrentOpcode, 0xE5);
-        EXPECT_EQ(state.CurrentSecondByte, 0x03);
-        // The last rows of the trace lie beyond the scroll bar.
-        MoveTo(0x7F);
-        Click(editor.lblCommand(15));
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7F);
-        EXPECT_EQ(state.ListRow, 7);
-    });
-}
-
 TEST_F(Listing, OffersReadLocksForInhibitsAlone) {
     InEditor([&] {
         for (int opcode = 0; opcode < 256; ++opcode) {
@@ -118,40 +77,6 @@ TEST_F(Listing, OffersReadLocksForInhibitsAlone) {
             Click(editor.lblCommand(0));
             EXPECT_EQ(editor.cmdReadLocks.Enabled(), opcode >= 0xE5 && opcode <= 0xEC) << opcode;
         }
-    });
-}
-
-TEST_F(Listing, ClearsTheProgramAndGoesToItsStart) {
-    InEditor([&] {
-        for (std::size_t i = 0; i < MacroMemory::kSize; ++i) state.image.Set(i, 0xAB);
-        MoveTo(0x60);
-        SetChecked(editor.chkTrace, true);
-        Click(editor.cmdClearMem);
-        EXPECT_FALSE(editor.chkTrace.Checked());
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
-        EXPECT_EQ(state.image.Get(255), 0);
-        EXPECT_EQ(state.image.Get(0), 0);
-        EXPECT_EQ(state.image.Get(256), 0xAB);
-        EXPECT_FALSE(session.MacroChanged);
-        ExpectRows();
-    });
-}
-
-TEST_F(Listing, HoldsTheStandardProgram) {
-    InEditor([&] {
-        Put(0x7F, 1, 1);
-        Click(editor.cmdBasicSettings);
-        const char* const begin[] = {"C6 03", "03 00", "D2 1A", "D3 2A", "04 00", "00 00"};
-        for (int i = 0; i < 6; ++i) EXPECT_EQ(At(0x10 + i), begin[i]);
-        const auto opcode = [](int value) { return HexByte(static_cast<std::uint8_t>(value)); };
-        for (int i = 0; i < 14; ++i) {
-            EXPECT_EQ(At(0x1A + i), opcode(0x40 + i) + " 05");
-            EXPECT_EQ(At(0x2A + i), opcode(0x3D - i) + " 05");
-        }
-        for (const int stop : {0x19, 0x28, 0x29, 0x38, 0x7F}) EXPECT_EQ(At(stop), "00 00");
-        EXPECT_EQ(editor.lblCommand(10).Caption(),
-                  "Turn on outlet  1 after 0.5 seconds, skip if already on");
-        EXPECT_FALSE(session.MacroChanged);
     });
 }
 

@@ -5,7 +5,6 @@
 
 #include "macro/assembler.h"
 #include "macro/macro_file.h"
-#include "macro/macro_flow.h"
 #include "macro/program_text.h"
 #include "text/text.h"
 
@@ -20,18 +19,6 @@ std::vector<std::string> Check(std::string_view content) {
     std::vector<std::string> lines;
     for (const Finding& finding : CheckMacroText(content, "CMS")) {
         lines.push_back(FindingLine(finding));
-    }
-    return lines;
-}
-
-// "no-wait 10": kinds and addresses of the warnings about a source.
-std::vector<std::string> Warnings(std::string_view source) {
-    std::vector<std::string> lines;
-    for (const Finding& finding : CheckMacroText(source, "CMS")) {
-        lines.push_back(finding.IsWarning()
-                            ? std::string(finding.kind) + " " +
-                                  (finding.address ? HexByte(*finding.address) : "-")
-                            : FindingLine(finding));
     }
     return lines;
 }
@@ -119,46 +106,6 @@ TEST(MacroCheck, SourceIsToldByItsContent) {
     EXPECT_FALSE(IsSourceText("'Kestranes"));
     EXPECT_THAT(Check("Stop\n GOTO nowhere"),
                 ElementsAre(HasSubstr("line 2, column 7: label nowhere is not defined")));
-}
-
-// A program with a warning, and a near twin without.
-TEST(MacroFlow, EachKindOfWarningAndItsNearTwin) {
-    struct Case {
-        const char* with;
-        const char* warning;
-        const char* without;
-    };
-    const Case kCases[] = {
-        {"GOTO end\nON 1 1\nend: Stop", "unreached 11", "COUNT1 DEC end\nON 1 1\nend: Stop"},
-        {"Stop\nat 40: ON 1 1\nOFF 1 1", "unreached 40",
-         "trigger 1 \"A\" enabled 40\nStop\nat 40: ON 1 1\nOFF 1 1"},
-        {"trigger 1 \"A\" disabled 40\nStop\nat 40: ON 1 1", "unreached 40",
-         "GPI1 LOW INT 40\nStop\nat 40: ON 1 1"},
-        {"Stop\nat 40: ON/OFF ON INT 41\nON 1 1", "unreached 40",
-         "ON/OFF ON INT 40\nStop\nat 40: SUPPLY LOSS INT 50\nat 50: ON 1 1"},
-        {"loop: COUNT1 INC end\nGOTO loop\nend: Stop", "no-wait 10",
-         "loop: COUNT1 INC end\nWAIT 1\nGOTO loop\nend: Stop"},
-        {"GOTO .", "no-wait 10", "Stop"},
-        {"WAIT 1\nloop: ALARM STATUS 1\nWAIT 0\nGOTO loop", "no-wait 11",
-         "WAIT 1\nloop: ALARM STATUS 1\nWAIT 0.1\nGOTO loop"},
-        {"loop: ON 1 0\nOFF 1 0\nGOTO loop", "no-wait 10", "loop: ON 1 0\nOFF 1 0.1\nGOTO loop"},
-        {"GOTO 7E\nat 7E: ON 1 1\nON 2 1", "runs-off 7F", "GOTO 7E\nat 7E: ON 1 1\nStop"},
-        {"GOTO 41\nat 40: Stop", "unprogrammed 10", "GOTO 40\nat 40: Stop"},
-        {"trigger 1 \"A\" enabled 41\nStop", "unprogrammed -", "trigger 1 \"A\" disabled 41\nStop"},
-        {"GPI1 LOW INT 41\nStop", "unprogrammed 10", "BYTES 64 41\nStop"},
-        {"ON 1 1\nON 2 0\nStop", "inrush 11", "ON 1 1\nON 2 0.1\nStop"},
-        {"ON 1 1\nCOUNT1 LOAD 2\nWAIT 0\nON 2 0 ALWAYS\nStop", "inrush 13",
-         "ON 1 1\nCOUNT1 LOAD 2\nWAIT 0.1\nON 2 0 ALWAYS\nStop"},
-        {"ALL ON 0\nStop", "inrush 10", "ALL OFF 0\nStop"},
-        {"ON 1 1\nOFF 2 0\nON 3 0\nStop", "inrush 12", "OFF 1 1\nOFF 2 0\nON 3 0\nStop"},
-        {"ON 1 1\nON 1 1\nStop", "repeated 11", "ON 1 1\nON 1 1 ALWAYS\nStop"},
-        {"ALL OFF 1\nOFF 14 1\nStop", "repeated 11", "ALL OFF 1\nON 14 1\nStop"},
-        {"OFF 3 1 ALWAYS\nOFF 3 1\nStop", "repeated 11", "OFF 3 1 ALWAYS\nOFF 4 1\nStop"},
-    };
-    for (const Case& each : kCases) {
-        EXPECT_THAT(Warnings(each.with), ElementsAre(each.warning)) << each.with;
-        EXPECT_THAT(Warnings(each.without), IsEmpty()) << each.without;
-    }
 }
 
 // In a file a stop after a stop was never programmed; the first one was.

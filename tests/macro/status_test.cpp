@@ -241,5 +241,29 @@ TEST_F(Status, OutlastsTwentyMinutesOfSilence) {
     });
 }
 
+// The editor opened inside a wait of the main form, which can't end before the editor closes.
+TEST(NestedStatus, FollowsTheUnitWhileACommandWaitsBelow) {
+    EditorOnUnit world;
+    ScriptEditForm& editor = world.editor;
+    world.ReadSettings();
+    world.form.SSTab1.SetTab(4);
+    int before = 0;
+    int after = 0;
+    world.After(50, [&] { world.Click(world.form.triggers.cmdEditMacro); });
+    world.After(5'000, [&] {
+        before = editor.pbLED(14).Picture();
+        world.peer.unit().SetSupply(unit::Supply::kMain, false, world.world.Now());
+    });
+    world.After(7'000, [&] {
+        after = editor.pbLED(14).Picture();
+        world.tool.hand.Close(editor);
+    });
+    // The reply to this one comes while the editor stands on its wait.
+    world.peer.line().DropNext(1);
+    const Link::Operation operation(world.tool.link, "Test");
+    world.tool.link.Command(ReadCommand(world.session.RelayAddress, 0));
+    EXPECT_NE(before, after);
+}
+
 }  // namespace
 }  // namespace kestrane

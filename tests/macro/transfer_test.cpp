@@ -26,31 +26,6 @@ class MacroTransfer : public testing::Test, public EditorOnUnit {
                 [this] { return static_cast<int>(random_() & 0xFF); },
                 [this] { return random_() & 1 ? 0x10 : 0x03; }};
     }
-    // The status line at each change from now on.
-    std::vector<std::string> StatusWhile(const std::function<void()>& action) {
-        struct Recorder : ScreenListener {
-            void ControlChanged(Control& control, Property property) override {
-                if (&control != label || property != Property::kCaption) return;
-                texts.push_back(label->Caption());
-            }
-            Label* label = nullptr;
-            std::vector<std::string> texts;
-        } recorder;
-        recorder.label = &editor.lblTopStatus;
-        tool.screen.AddListener(recorder);
-        action();
-        tool.screen.RemoveListener(recorder);
-        return recorder.texts;
-    }
-    static std::vector<std::string> Percents(const std::string& text) {
-        std::vector<std::string> all;
-        for (const char* n :
-             {"12", "19", "25", "32", "38", "44", "51", "57", "64", "70", "76", "83", "89", "96"}) {
-            all.push_back(text + " " + n + "%");
-        }
-        return all;
-    }
-
     std::minstd_rand random_;
 };
 
@@ -80,31 +55,6 @@ TEST_F(MacroTransfer, TakesEveryImageUpWithoutALastOperand) {
     });
 }
 
-TEST_F(MacroTransfer, SendsFourteenBlocksAndTellsHowFarItIs) {
-    InEditor([&] {
-        Wait(1500);
-        world.tcpsend.ClearSent();
-        auto expected = Percents("Downloading unit macro program");
-        expected.push_back("Download completed.");
-        EXPECT_EQ(StatusWhile([&] { Click(editor.cmdDownload); }), expected);
-        const auto reads = SentCommands(kReadMemory);
-        ASSERT_EQ(reads.size(), kBlocks);
-        for (int i = 0; i < kBlocks; ++i) {
-            std::string command = ReadCommand(session.RelayAddress, 32 + 16 * i);
-            AddEscapesAndChecksum(command);
-            std::string frame = FrameOf(command);
-            RemoveEscapes(frame);
-            EXPECT_EQ(HexText(reads[static_cast<std::size_t>(i)]), HexText(frame));
-        }
-        EXPECT_EQ(world.tcpsend.sent().size(), kBlocks);
-
-        expected = Percents("Uploading unit settings");
-        expected.push_back("Upload completed.");
-        EXPECT_EQ(StatusWhile([&] { Click(editor.cmdUpload); }), expected);
-        EXPECT_EQ(SentCommands(kWriteMemory).size(), kBlocks);
-    });
-}
-
 TEST_F(MacroTransfer, TakesLittleMoreThanItsExchanges) {
     InEditor([&] {
         for (Button* button : {&editor.cmdDownload, &editor.cmdUpload}) {
@@ -112,51 +62,6 @@ TEST_F(MacroTransfer, TakesLittleMoreThanItsExchanges) {
             const auto start = world.Now();
             Click(*button);
             EXPECT_LE(world.Now() - start, milliseconds(500 + kBlocks * 105));
-        }
-    });
-}
-
-TEST_F(MacroTransfer, HoldsEverythingOffWhileItRuns) {
-    InEditor([&] {
-        for (const bool down : {true, false}) {
-            Button& pressed = down ? editor.cmdDownload : editor.cmdUpload;
-            Button& other = down ? editor.cmdUpload : editor.cmdDownload;
-            SetChecked(editor.chkTrace, true);
-            other.SetBackColor(kGreen);
-            bool looked = false;
-            After(1000, [&] {
-                looked = true;
-                EXPECT_EQ(pressed.BackColor(), kRed);
-                EXPECT_EQ(other.BackColor(), kButtonFace);
-                EXPECT_EQ(editor.Pointer(), Form::kHourglass);
-                EXPECT_FALSE(editor.chkTrace.Checked());
-                for (const Control* control : editor.controls()) {
-                    switch (control->kind()) {
-                        case Kind::kButton:
-                        case Kind::kCheckBox:
-                        case Kind::kTextBox:
-                        case Kind::kScrollBar:
-                            EXPECT_FALSE(control->Enabled()) << control->name();
-                            break;
-                        default:
-                            break;
-                    }
-                }
-                EXPECT_FALSE(editor.timUpdate.Enabled());
-                EXPECT_FALSE(editor.timTrace.Enabled());
-            });
-            Click(pressed);
-            EXPECT_TRUE(looked);
-            EXPECT_EQ(pressed.BackColor(), kGreen);
-            EXPECT_EQ(editor.Pointer(), Form::kArrow);
-            EXPECT_TRUE(editor.timUpdate.Enabled());
-            EXPECT_TRUE(editor.cmdUpload.Enabled());
-            EXPECT_FALSE(editor.cmdReadLocks.Enabled());
-            Wait(800);
-            EXPECT_EQ(pressed.BackColor(), kGreen);
-            Wait(250);
-            EXPECT_EQ(pressed.BackColor(), kButtonFace);
-            EXPECT_FALSE(editor.timUDColour.Enabled());
         }
     });
 }
@@ -255,33 +160,6 @@ TEST(LostTransfer, EndsWithItsConnection) {
             EXPECT_EQ(world.form.lblMemoryBlock.Caption(), "Reading memory complete.");
         }
     }
-}
-
-class OfflineTransfer : public testing::Test, public OfflineEditor {};
-
-TEST_F(OfflineTransfer, OnlySaysThatItIsDone) {
-    InEditor([&] {
-        EXPECT_EQ(editor.lblTopStatus.Caption(), "Download completed.");
-        state.image.Set(255, 0x33);
-        state.image.Set(254, 0x22);
-        for (const bool down : {true, false}) {
-            SetChecked(editor.chkTrace, true);
-            MoveTo(0x30);
-            Type(editor.txtSecondByteHex, "07");
-            session.MacroChanged = true;
-            Click(down ? editor.cmdDownload : editor.cmdUpload);
-            EXPECT_EQ(editor.lblTopStatus.Caption(),
-                      down ? "Download completed." : "Upload completed.");
-            EXPECT_EQ(editor.txtSecondByteHex.Text(), down ? "00" : "07");
-            EXPECT_TRUE(editor.chkTrace.Checked());
-            EXPECT_TRUE(editor.timTrace.Enabled());
-            EXPECT_FALSE(editor.timUpdate.Enabled());
-            EXPECT_TRUE(editor.timUDColour.Enabled());
-            EXPECT_FALSE(session.MacroChanged);
-            EXPECT_EQ(state.image.Get(255), down ? 0x33 : 0x00);
-            EXPECT_EQ(state.image.Get(254), 0x22);
-        }
-    });
 }
 
 }  // namespace

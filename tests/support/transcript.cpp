@@ -11,6 +11,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "macro/assembler.h"
+#include "macro/macro_check.h"
 #include "support/memory_peer.h"
 #include "support/unit_peer.h"
 #include "support/virtual_platform.h"
@@ -34,6 +36,14 @@ std::string Quoted(const std::string& text) {
     return quoted + "\"";
 }
 
+// "\xNN" as the byte.
+std::string Unescaped(std::string text) {
+    for (std::size_t x = 0; (x = text.find("\\x", x)) != std::string::npos; ++x) {
+        text.replace(x, 4, HexPairs(text.substr(x + 2, 2)));
+    }
+    return text;
+}
+
 // Words between blanks, or in quotes with \xNN in them; "\xFF"*16 repeats.
 std::vector<std::string> WordsOf(const std::string& line) {
     std::vector<std::string> words;
@@ -41,9 +51,7 @@ std::vector<std::string> WordsOf(const std::string& line) {
         const bool quoted = line[at] == '"';
         const std::size_t end = std::min(line.find(quoted ? '"' : ' ', at + 1), line.size());
         std::string word = quoted ? line.substr(at + 1, end - at - 1) : line.substr(at, end - at);
-        for (std::size_t x = 0; (x = word.find("\\x", x)) != std::string::npos; ++x) {
-            word.replace(x, 4, HexPairs(word.substr(x + 2, 2)));
-        }
+        word = Unescaped(word);
         at = end + quoted;
         if (quoted && line[at] == '*') {
             const std::string once = word;
@@ -69,6 +77,11 @@ Value ValueOf(const std::string& word, const Value& present) {
     return std::stol(word);
 }
 
+// Addresses are hexadecimal.
+std::string IndexText(const std::string& base, int index) {
+    return base == "image" ? HexByte(static_cast<std::uint8_t>(index)) : std::to_string(index);
+}
+
 // "lblOutlet(0-3 7)": the members of an array in one.
 std::string NameList(const std::vector<std::pair<std::string, int>>& names) {
     std::string list;
@@ -82,8 +95,8 @@ std::string NameList(const std::vector<std::pair<std::string, int>>& names) {
                names[last + 1].second == names[last].second + 1) {
             ++last;
         }
-        if (index >= 0) list += std::to_string(index);
-        if (last > i) list += "-" + std::to_string(names[last].second);
+        if (index >= 0) list += IndexText(base, index);
+        if (last > i) list += "-" + IndexText(base, names[last].second);
         if (index >= 0) list += ")";
         i = last;
     }
@@ -121,10 +134,46 @@ class Player : private ScreenListener, private JournalObserver {
             if (line.empty() || line[0] == '#' || line.starts_with("    ")) continue;
             if (line == "close") return;
             try {
-                Do(WordsOf(line));
+                if (!DoText(line)) Do(WordsOf(line));
             } catch (const std::exception& error) {
                 out_ += std::string("    FAULT ") + error.what() + "\n";
             }
+        }
+    }
+
+    // What is done with a source text: the rest of the line, "\\n" between its lines.
+    bool DoText(const std::string& line) {
+        const std::string verb = line.substr(0, line.find(' '));
+        if (verb != "assemble" && verb != "check") return false;
+        std::string source = line.substr(std::min(verb.size() + 1, line.size()));
+        for (std::size_t at = 0; (at = source.find("\\n", at)) != std::string::npos;) {
+            source.replace(at, 2, "\n");
+        }
+        source = Unescaped(source);
+        verb == "check" ? Check(source) : TryAssembling(source);
+        TellLog();
+        return true;
+    }
+    void Check(const std::string& source) {
+        for (const Finding& finding : CheckMacroText(source, "CMS")) {
+            log_.push_back(std::string(finding.kind) + ": " + FindingLine(finding));
+        }
+    }
+    // The faults, or else the instructions and what was said of triggers.
+    void TryAssembling(const std::string& source) {
+        const Assembly assembly = Assemble(source);
+        for (const SourceFault& fault : assembly.faults) {
+            log_.push_back(std::to_string(fault.place.line) + ":" +
+                           std::to_string(fault.place.column) + ": " +
+                           (fault.is_warning ? "warning: " : "") + fault.text);
+        }
+        if (!assembly.Good()) return;
+        const MacroProgram& program = assembly.program;
+        for (int at = 0; at < 0x80; ++at) {
+            if (!program.programmed[static_cast<std::size_t>(at)]) continue;
+            const auto address = static_cast<std::uint8_t>(at);
+            log_.push_back(HexByte(address) + ": " + HexByte(program.image.Opcode(address)) + " " +
+                           HexByte(program.image.SecondByte(address)));
         }
     }
 
@@ -133,12 +182,10 @@ class Player : private ScreenListener, private JournalObserver {
         if (!tool_) Start();
         const bool quiet = words[0] == "quietly";
         if (quiet) words.erase(words.begin());
-        if (words[0] == "edit") return Edit(std::stoi(words.at(1)));
+        if (words[0] == "edit") return Edit(std::stoi(words.at(1)), quiet);
         const bool prepares = Prepare(words);
         if (!prepares) Act(words);
-        const std::size_t before = out_.size();
-        Tell();
-        if (quiet || prepares) out_.resize(before);
+        Tell(quiet || prepares);
     }
 
     void UseUnit(const std::string& type) {
@@ -179,8 +226,15 @@ class Player : private ScreenListener, private JournalObserver {
         } else if (verb == "drop") {
             unit_->line().PassNext(std::stoi(words.at(1)));
             unit_->line().DropNext(1);
-        } else if (verb == "file") {
+        } else if (verb == "chooses") {
             world_.files.Choose(words.at(1));
+        } else if (verb == "disk") {
+            world_.disk.files[words.at(1)] = words.at(2);
+        } else if (verb == "spoil") {
+            std::string& file = world_.disk.files.at(words.at(1));
+            file.replace(file.find(words.at(2)), words[2].size(), words.at(3));
+        } else if (verb == "disk-fault") {
+            world_.disk.faults[words.at(1)] = words.at(2);
         } else if (verb == "say-no") {
             world_.boxes.Answer(BoxButton::kNo);
         } else if (verb == "draw") {
@@ -236,7 +290,7 @@ class Player : private ScreenListener, private JournalObserver {
         if (verb == "after") {
             const std::vector<std::string> later(words.begin() + 2, words.end());
             world_.time.After(milliseconds{std::stoi(words.at(1))}, [this, later] {
-                log_.push_back("now " + later[0] + " " + later.at(1));
+                log_.push_back("now " + later[0] + (later.size() > 1 ? " " + later[1] : ""));
                 if (!Prepare(later)) Act(later);
             });
             return;
@@ -248,6 +302,17 @@ class Player : private ScreenListener, private JournalObserver {
                                   : world_.http.Fail(404, words[1], delay);
         }
         if (verb == "set" && words.size() == 3 && SetVariable(words[1], words[2])) return;
+        if (verb == "look") return Tell();
+        if (verb == "cat") return ShowFile(words.at(1));
+        if (verb == "image") {
+            auto& image = tool_->macro_editor.state().image;
+            const auto at = static_cast<std::size_t>(2 * std::stoi(words.at(1), nullptr, 16));
+            for (std::size_t i = 0; i < HexPairs(words.at(2)).size(); ++i) {
+                image.Set(at + i, static_cast<std::uint8_t>(HexPairs(words[2])[i]));
+            }
+            return;
+        }
+        if (verb == "close-form") return Refused(tool_->hand.Close(tool_->script_edit_form));
         if (verb == "show") return Show(words.at(1), words.size() > 2 ? words[2] : "");
         if (verb == "memory") {
             const auto address = static_cast<std::size_t>(std::stoi(words.at(2), nullptr, 16));
@@ -278,6 +343,10 @@ class Player : private ScreenListener, private JournalObserver {
         }
     }
 
+    void ShowFile(const std::string& path) {
+        std::istringstream lines(world_.disk.files.at(path));
+        for (std::string line; std::getline(lines, line);) log_.push_back(Quoted(line));
+    }
     void Show(const std::string& name, const std::string& property) {
         for (const Entry& entry : Look()) {
             const bool same = entry.index < 0
@@ -289,14 +358,14 @@ class Player : private ScreenListener, private JournalObserver {
 
     // The editor is modal: what is done in it runs as an event of its own, `opening` milliseconds
     // after it was asked for.
-    void Edit(int opening) {
+    void Edit(int opening, bool quiet) {
         bool returned = false;
         world_.time.After(milliseconds{1}, [&] {
             tool_->main_form.triggers.cmdEditMacro.on_click();
             returned = true;
         });
-        world_.time.After(milliseconds{opening}, [this] {
-            Tell();
+        world_.time.After(milliseconds{opening}, [this, quiet] {
+            Tell(quiet);
             PlayLines();
             if (tool_->script_edit_form.Visible())
                 Refused(tool_->hand.Close(tool_->script_edit_form));
@@ -335,8 +404,10 @@ class Player : private ScreenListener, private JournalObserver {
     void ControlChanged(Control& control, Property property) override {
         TakeOutside();
         const MainForm& form = tool_->main_form;
-        if (&control == &form.lblMemoryBlock && property == Property::kCaption) {
-            log_.push_back("says " + Quoted(form.lblMemoryBlock.Caption()));
+        const Label& status = tool_->script_edit_form.lblTopStatus;
+        if (property == Property::kCaption &&
+            (&control == &form.lblMemoryBlock || &control == &status)) {
+            log_.push_back("says " + Quoted(dynamic_cast<Label&>(control).Caption()));
         }
         if (property == Property::kPointer) {
             const bool busy = control.form().Pointer() == Form::kHourglass;
@@ -362,6 +433,12 @@ class Player : private ScreenListener, private JournalObserver {
             log_.push_back((frame.connection > 1 ? std::to_string(frame.connection) : "") + "> " +
                            HexText(TextOfFrame(frame.bytes)));
         }
+        const auto& asked = world_.files.asked();
+        for (; asked_ < asked.size(); ++asked_) {
+            log_.push_back(std::string(asked[asked_].save ? "asks to save \"" : "asks to load \"") +
+                           asked[asked_].title + "|" + asked[asked_].filter + "|" +
+                           asked[asked_].default_extension + "\"");
+        }
         const auto& fetched = world_.http.requests();
         for (; fetches_ < fetched.size(); ++fetches_) {
             log_.push_back("fetches " + fetched[fetches_].url +
@@ -378,9 +455,13 @@ class Player : private ScreenListener, private JournalObserver {
                 const bool array = control->name() != control->base_name();
                 // The line's own labels say what the frames say.
                 if (control->base_name().starts_with("Label")) continue;
+                // The addresses beside the listing follow ListTop.
+                if (control->base_name() == "lblMem") continue;
                 for (const auto& [property, value] : control->Properties()) {
                     if (property == "kind" || property == "usable") continue;
-                    if (control == &tool_->main_form.lblMemoryBlock) continue;  // see `says`
+                    // These say it as it happens.
+                    if (control == &tool_->main_form.lblMemoryBlock) continue;
+                    if (control == &tool_->script_edit_form.lblTopStatus) continue;
                     if (const auto* tabs = std::get_if<std::vector<TabState>>(&value)) {
                         LookAtTabs(*tabs, all);
                     } else {
@@ -419,20 +500,29 @@ class Player : private ScreenListener, private JournalObserver {
         const MacroMemory& image = tool_->macro_editor.state().image;
         for (int at = 0; at < 256; ++at) {
             const auto first = static_cast<std::size_t>(2 * at);
-            all.push_back({"", "image " + HexByte(static_cast<std::uint8_t>(at)), -1,
-                           HexByte(image.Get(first)) + " " + HexByte(image.Get(first + 1))});
+            all.push_back(
+                {"", "image", at, HexByte(image.Get(first)) + " " + HexByte(image.Get(first + 1))});
         }
     }
 
-    // Writes what has happened since the last time.
-    void Tell() {
+    // What came several times in a row stands once.
+    void TellLog() {
+        for (std::size_t i = 0, next = 0; i < log_.size(); i = next) {
+            while (next < log_.size() && log_[next] == log_[i]) ++next;
+            out_ += "    " + log_[i] + (next - i > 1 ? " x" + std::to_string(next - i) : "") + "\n";
+        }
+        log_.clear();
+    }
+
+    // Writes what has happened since the last time, or leaves it out.
+    void Tell(bool quiet = false) {
+        const std::size_t before = out_.size();
         TakeOutside();
         const auto& boxes = world_.boxes.shown();
         for (; boxes_ < boxes.size(); ++boxes_) {
             log_.push_back("box " + Quoted(boxes[boxes_].title + "|" + boxes[boxes_].text));
         }
-        for (const std::string& line : log_) out_ += "    " + line + "\n";
-        log_.clear();
+        TellLog();
         std::vector<Entry> now = Look();
         std::vector<std::string> order;
         std::map<std::string, std::vector<std::pair<std::string, int>>> groups;
@@ -447,6 +537,7 @@ class Player : private ScreenListener, private JournalObserver {
             out_ += "    " + group + ": " + NameList(groups[group]) + "\n";
         }
         seen_ = std::move(now);
+        if (quiet) out_.resize(before);
     }
 
     const std::vector<std::string>& lines_;
@@ -461,6 +552,7 @@ class Player : private ScreenListener, private JournalObserver {
     std::size_t frames_ = 0;
     std::size_t boxes_ = 0;
     std::size_t fetches_ = 0;
+    std::size_t asked_ = 0;
 };
 
 std::filesystem::path FolderOf(const std::string& folder) {

@@ -1,0 +1,630 @@
+# The macro editor without a unit: opening, inserting, the second byte, the listing, leaving.
+
+== It opens on an empty program that can be edited
+# Without a login neither the unit nor a file can be changed.
+edit 50
+    says "Download completed."
+    operation "Download Macro" stopped
+    caption "": lblTitle, lblTitle2
+    visible false: lblFuseNo(14-15), pbLED(15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216), cmdInsertCommand(192-197 199)
+    caption "00": lblMem1(0-15), lblMem2(0-15)
+    caption "Stop": lblCommand(0-15)
+    visible true: shpOutline(0)
+    fore 0: txtSecondByteHex, txtSecondByteTime, txtGoTo
+    enabled false: cmdReadLocks, cmdInsertCommand(199), cmdGoTo, cmdUpload, cmdLoadFile, cmdSaveFile
+    caption "SUPPLY LOSS INT": cmdInsertCommand(192)
+    caption "SUPPLY BACK INT": cmdInsertCommand(193)
+    back 2147483663: cmdDownload, cmdUpload
+    enabled true: timUpdate, timUDColour
+    16: MemPointer, ListTop
+click cmdInsertCommand(81)
+    says ""
+    caption "51": lblMem1(0)
+    caption "All outlets off after fixed delay of 0.0 seconds": lblCommand(0)
+    focus scrListScroll: frmScriptEdit
+    true: MacroChanged
+    51 00: image(10)
+close
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    caption "00": lblMem1(0)
+    caption "Stop": lblCommand(0)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    00 00: image(10)
+
+== It starts afresh each time
+quietly set AdminLoggedIn true
+quietly image 96 07
+quietly edit 50
+quietly set chkAutoIncrement 1
+quietly set chkTrace 1
+quietly choose scrListScroll 96
+quietly click chkOutGroup1(4)
+quietly type txtGoTo "55"
+quietly set MacroChanged true
+close
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    value 0: chkTrace
+    enabled false: timTrace, timUDColour
+    focus none: frmScriptEdit
+    16: ListTop
+    0: ListRow
+edit 50
+    says ""
+    says "Download completed."
+    operation "Download Macro" stopped
+    back 2147483663: cmdConnect
+    caption "Socket is closed": lblNotLoggedIn
+    fore 65280: lblNotLoggedIn
+    value 0: chkAutoIncrement, chkOutGroup1(4)
+    text "00": txtGroup1
+    text "10": txtGoTo
+    fore 0: txtGoTo
+    enabled true: timUpdate, timUDColour
+    false: MacroChanged
+show chkAutoIncrement value
+    0
+show chkTrace value
+    0
+show scrListScroll value
+    16
+show txtGroup1 text
+    "00"
+show txtGoTo text
+    "10"
+show MacroChanged
+    false
+close
+    enabled false: timUpdate, timUDColour
+
+== It asks before changes are lost
+quietly set AdminLoggedIn true
+quietly edit 50
+set MacroChanged true
+    true: MacroChanged
+say-no
+click cmdExit
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    focus cmdExit: frmScriptEdit
+click cmdExit
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+close
+edit 50
+    says ""
+    says "Download completed."
+    operation "Download Macro" stopped
+    back 2147483663: cmdConnect
+    caption "Socket is closed": lblNotLoggedIn
+    fore 65280: lblNotLoggedIn
+    enabled true: timUpdate, timUDColour
+    false: MacroChanged
+click cmdExit
+    enabled false: timUpdate, timUDColour
+close
+
+== A mask goes through the second byte's field
+quietly set AdminLoggedIn true
+quietly edit 50
+type txtSecondByteHex "02"
+    text "02": txtSecondByteHex
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    focus txtSecondByteHex (0 selected): frmScriptEdit
+type txtGroup1 "81"
+    fore 0: txtSecondByteHex, txtSecondByteTime
+    text "0.2": txtSecondByteTime
+    text "81": txtGroup1
+    enabled true: cmdInsertCommand(199)
+    focus txtGroup1 (0 selected): frmScriptEdit
+click cmdInsertCommand(231)
+    says ""
+    caption "E7": lblMem1(0)
+    caption "81": lblMem2(0)
+    caption "Main (A) macro inhibit ( 1 - 8 )": lblCommand(0)
+    text "81": txtSecondByteHex
+    text "10.0": txtSecondByteTime
+    enabled false: cmdInsertCommand(198-199)
+    focus scrListScroll: frmScriptEdit
+    true: MacroChanged
+    E7 81: image(10)
+type txtGroup1 "8"
+    text "8": txtGroup1
+    focus txtGroup1 (0 selected): frmScriptEdit
+click cmdInsertCommand(231)
+    caption "00": lblMem2(0)
+    caption "Main (A) macro inhibit ( )": lblCommand(0)
+    text "00": txtSecondByteHex
+    text "0.0": txtSecondByteTime
+    enabled true: cmdInsertCommand(198)
+    focus scrListScroll: frmScriptEdit
+    E7 00: image(10)
+type txtGroup1 "GG"
+    text "GG": txtGroup1
+    focus txtGroup1 (0 selected): frmScriptEdit
+click cmdInsertCommand(231)
+    focus scrListScroll: frmScriptEdit
+type txtGroup1 ""
+    text "": txtGroup1
+    focus txtGroup1 (0 selected): frmScriptEdit
+click cmdInsertCommand(231)
+    focus scrListScroll: frmScriptEdit
+close
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    caption "00": lblMem1(0)
+    caption "Stop": lblCommand(0)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    00 00: image(10)
+
+== Inserts step on, up to the last address of a jump
+quietly set AdminLoggedIn true
+quietly edit 50
+click chkAutoIncrement
+    value 1: chkAutoIncrement
+    focus chkAutoIncrement: frmScriptEdit
+choose scrListScroll 124
+    value 124: scrListScroll
+    visible false: shpOutline(0)
+    visible true: shpOutline(15)
+    focus scrListScroll: frmScriptEdit
+    124: MemPointer
+    109: ListTop
+    15: ListRow
+click cmdInsertCommand(2)
+    says ""
+    value 125: scrListScroll
+    caption "02": lblMem1(14)
+    caption "Wait for 0.0 seconds": lblCommand(14)
+    true: MacroChanged
+    125: MemPointer
+    110: ListTop
+    02 00: image(7C)
+click cmdOff(13)
+    value 126: scrListScroll
+    caption "02": lblMem1(13)
+    caption "3D": lblMem1(14)
+    caption "Wait for 0.0 seconds": lblCommand(13)
+    caption "Turn off outlet  14 after 0.0 seconds, skip if already off": lblCommand(14)
+    126: MemPointer
+    111: ListTop
+    3D 00: image(7D)
+click cmdInsertCommand(81)
+    caption "51": lblMem1(15)
+    caption "All outlets off after fixed delay of 0.0 seconds": lblCommand(15)
+    51 00: image(7E)
+click cmdInsertCommand(82)
+    caption "52": lblMem1(15)
+    caption "All outlets on after fixed delay of 0.0 seconds": lblCommand(15)
+    52 00: image(7E)
+close
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    value 16: scrListScroll
+    caption "00": lblMem1(13-15)
+    caption "Stop": lblCommand(13-15)
+    visible true: shpOutline(0)
+    visible false: shpOutline(15)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+    00 00: image(7C-7E)
+
+== At the last address only outlets can be inserted
+quietly set AdminLoggedIn true
+quietly edit 50
+choose scrListScroll 127
+    value 127: scrListScroll
+    visible false: shpOutline(0)
+    visible true: shpOutline(15)
+    focus scrListScroll: frmScriptEdit
+    127: MemPointer
+    112: ListTop
+    15: ListRow
+click chkTrace
+    visible true: shpOutline(7)
+    visible false: shpOutline(15)
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+    120: ListTop
+    7: ListRow
+click cmdInsertCommand(81)
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus cmdInsertCommand(81): frmScriptEdit
+click cmdOn(0)
+    says ""
+    caption "40": lblMem1(7)
+    caption "Turn on outlet  1 after 0.0 seconds, skip if already on": lblCommand(7)
+    focus scrListScroll: frmScriptEdit
+    40 00: image(7F)
+close
+    value 16: scrListScroll
+    caption "00": lblMem1(7)
+    caption "Stop": lblCommand(7)
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+    00 00: image(7F)
+
+== In trace an insert lands where the cursor stood before
+quietly set AdminLoggedIn true
+quietly edit 50
+choose scrListScroll 32
+    value 32: scrListScroll
+    visible false: shpOutline(0)
+    visible true: shpOutline(15)
+    focus scrListScroll: frmScriptEdit
+    32: MemPointer
+    17: ListTop
+    15: ListRow
+click chkTrace
+    visible true: shpOutline(7)
+    visible false: shpOutline(15)
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+    25: ListTop
+    7: ListRow
+quietly choose scrListScroll 80
+click cmdOn(2)
+    says ""
+    42 00: image(20)
+click cmdInsertCommand(81)
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    true: MacroChanged
+    80: MemPointer
+    51 00: image(20)
+close
+    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+    00 00: image(20)
+
+== The second byte is red until it is accepted
+# Leaving the box accepts it, leaving the time does not. No code holds a negative time.
+quietly set AdminLoggedIn true
+quietly edit 50
+type txtSecondByteHex "0a"
+    text "0a": txtSecondByteHex
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    focus txtSecondByteHex (0 selected): frmScriptEdit
+go txtSecondByteTime
+    text "0A": txtSecondByteHex
+    fore 0: txtSecondByteHex, txtSecondByteTime
+    text "1.0": txtSecondByteTime
+    enabled false: cmdInsertCommand(198)
+    focus txtSecondByteTime (0 selected): frmScriptEdit
+type txtSecondByteTime "635"
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    text "635": txtSecondByteTime
+go scrListScroll
+    focus scrListScroll: frmScriptEdit
+click cmdSecondByteTimeOK
+    text "C6": txtSecondByteHex
+    fore 0: txtSecondByteHex, txtSecondByteTime
+    text "600.0": txtSecondByteTime
+    focus cmdSecondByteTimeOK: frmScriptEdit
+type txtSecondByteTime "-5"
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    text "-5": txtSecondByteTime
+    focus txtSecondByteTime (0 selected): frmScriptEdit
+click cmdSecondByteTimeOK
+    focus cmdSecondByteTimeOK: frmScriptEdit
+close
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+
+== Trace puts the cursor into the middle, and clearing it takes it back
+quietly set AdminLoggedIn true
+quietly edit 50
+choose scrListScroll 64
+    value 64: scrListScroll
+    visible false: shpOutline(0)
+    visible true: shpOutline(15)
+    focus scrListScroll: frmScriptEdit
+    64: MemPointer
+    49: ListTop
+    15: ListRow
+click chkTrace
+    visible true: shpOutline(7)
+    visible false: shpOutline(15)
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+    57: ListTop
+    7: ListRow
+choose scrListScroll 80
+    value 80: scrListScroll
+    focus scrListScroll: frmScriptEdit
+    73: ListTop
+click chkTrace
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus chkTrace: frmScriptEdit
+close
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+
+== A click on a row reads it after the refresh
+# In trace the list moves below the click: row 12 held 1C and holds 21 then. The last rows of the
+# trace lie beyond the scroll bar.
+quietly set AdminLoggedIn true
+quietly edit 50
+quietly image 15 E755
+quietly image 1C 580F
+choose scrListScroll 32
+    value 32: scrListScroll
+    caption "E7": lblMem1(4)
+    caption "58": lblMem1(11)
+    caption "55": lblMem2(4)
+    caption "0F": lblMem2(11)
+    caption "Main (A) macro inhibit ( 1 - 3 - 5 - 7 )": lblCommand(4)
+    caption "Main (A) latch on 1 - 8 ( 1 - 2 - 3 - 4 )": lblCommand(11)
+    visible false: shpOutline(0)
+    visible true: shpOutline(15)
+    focus scrListScroll: frmScriptEdit
+    32: MemPointer
+    17: ListTop
+    15: ListRow
+click lblCommand(4)
+    value 21: scrListScroll
+    visible true: shpOutline(4)
+    visible false: shpOutline(15)
+    enabled true: cmdReadLocks
+    21: MemPointer
+    4: ListRow
+    231: CurrentOpcode
+    85: CurrentSecondByte
+click chkTrace
+    caption "00": lblMem1(4 11), lblMem2(4 11)
+    caption "E7": lblMem1(5)
+    caption "58": lblMem1(12)
+    caption "55": lblMem2(5)
+    caption "0F": lblMem2(12)
+    caption "Stop": lblCommand(4 11)
+    caption "Main (A) macro inhibit ( 1 - 3 - 5 - 7 )": lblCommand(5)
+    caption "Main (A) latch on 1 - 8 ( 1 - 2 - 3 - 4 )": lblCommand(12)
+    visible false: shpOutline(4)
+    visible true: shpOutline(5)
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+    16: ListTop
+    5: ListRow
+quietly image 21 E503
+click lblCommand(12)
+    value 28: scrListScroll
+    caption "E7": lblMem1(0)
+    caption "00": lblMem1(5), lblMem2(5)
+    caption "58": lblMem1(7)
+    caption "E5": lblMem1(12)
+    caption "55": lblMem2(0)
+    caption "0F": lblMem2(7)
+    caption "03": lblMem2(12)
+    caption "Main (A) macro inhibit ( 1 - 3 - 5 - 7 )": lblCommand(0)
+    caption "Stop": lblCommand(5)
+    caption "Main (A) latch on 1 - 8 ( 1 - 2 - 3 - 4 )": lblCommand(7)
+    caption "Main (A) control inhibit 9 - 14 ( 9 - 10 )": lblCommand(12)
+    visible false: shpOutline(5)
+    visible true: shpOutline(7)
+    21: ListTop
+    7: ListRow
+    229: CurrentOpcode
+    3: CurrentSecondByte
+quietly choose scrListScroll 127
+click lblCommand(15)
+close
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    value 0: chkTrace
+    enabled false: timTrace, timUDColour
+    focus none: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+    00 00: image(15 1C 21)
+
+== The standard program, and clearing it
+quietly set AdminLoggedIn true
+quietly edit 50
+image 7F 0101
+    01 01: image(7F)
+image 80 AB
+    AB 00: image(80)
+click cmdBasicSettings
+    caption "C6": lblMem1(0)
+    caption "03": lblMem1(1), lblMem2(0)
+    caption "D2": lblMem1(2)
+    caption "D3": lblMem1(3)
+    caption "04": lblMem1(4)
+    caption "40": lblMem1(10)
+    caption "41": lblMem1(11)
+    caption "42": lblMem1(12)
+    caption "43": lblMem1(13)
+    caption "44": lblMem1(14)
+    caption "45": lblMem1(15)
+    caption "1A": lblMem2(2)
+    caption "2A": lblMem2(3)
+    caption "05": lblMem2(10-15)
+    caption "Alarm status Flash and Beep": lblCommand(0)
+    caption "GPI Disable": lblCommand(1)
+    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
+    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
+    caption "GPI Enable": lblCommand(4)
+    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
+    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
+    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
+    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
+    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
+    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    focus cmdBasicSettings: frmScriptEdit
+    C6 03: image(10)
+    03 00: image(11)
+    D2 1A: image(12)
+    D3 2A: image(13)
+    04 00: image(14)
+    40 05: image(1A)
+    41 05: image(1B)
+    42 05: image(1C)
+    43 05: image(1D)
+    44 05: image(1E)
+    45 05: image(1F)
+    46 05: image(20)
+    47 05: image(21)
+    48 05: image(22)
+    49 05: image(23)
+    4A 05: image(24)
+    4B 05: image(25)
+    4C 05: image(26)
+    4D 05: image(27)
+    3D 05: image(2A)
+    3C 05: image(2B)
+    3B 05: image(2C)
+    3A 05: image(2D)
+    39 05: image(2E)
+    38 05: image(2F)
+    37 05: image(30)
+    36 05: image(31)
+    35 05: image(32)
+    34 05: image(33)
+    33 05: image(34)
+    32 05: image(35)
+    31 05: image(36)
+    30 05: image(37)
+    00 00: image(7F)
+quietly choose scrListScroll 96
+click chkTrace
+    visible true: shpOutline(7)
+    visible false: shpOutline(15)
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+    89: ListTop
+    7: ListRow
+click cmdClearMem
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus cmdClearMem: frmScriptEdit
+    16: MemPointer, ListTop
+    0: ListRow
+    00 00: image(10-14 1A-27 2A-37)
+close
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+
+== An address that is not one is sent as 00
+unit cms
+settings-read
+quietly edit 8000
+set timUpdate enabled false
+    enabled false: timUpdate
+quietly wait 300
+set txtGoTo "05"
+    text "05": txtGoTo
+    fore 255: txtGoTo
+call cmdGoTo
+    > 016100
+    operation "Go To Macro Address" complete
+    box "Invalid Address.|Hex address for GoTo is not valid. Must be between hex 10 and 7E"
+    text "": txtGoTo
+    enabled true: timUpdate
+    focus txtGoTo (0 selected): frmScriptEdit
+    1: beeps
+close
+    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
+    caption "Stop": lblCommand(0-4 10-15)
+    enabled false: timUpdate
+    focus none: frmScriptEdit
+    00 00: image(10-14 1A-27 2A-37)
+
+== Download and upload without a unit only say that they are done
+quietly set AdminLoggedIn true
+quietly edit 50
+image 7F 2233
+    22 33: image(7F)
+click chkTrace
+    value 1: chkTrace
+    enabled false: timUpdate
+    enabled true: timTrace
+    focus chkTrace: frmScriptEdit
+choose scrListScroll 48
+    value 48: scrListScroll
+    visible false: shpOutline(0)
+    visible true: shpOutline(7)
+    focus scrListScroll: frmScriptEdit
+    41: ListTop
+    7: ListRow
+type txtSecondByteHex "07"
+    text "07": txtSecondByteHex
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    focus txtSecondByteHex (0 selected): frmScriptEdit
+set MacroChanged true
+    true: MacroChanged
+click cmdDownload
+    operation "Download Macro" stopped
+    text "00": txtSecondByteHex
+    fore 0: txtSecondByteHex, txtSecondByteTime
+    focus cmdDownload: frmScriptEdit
+    false: MacroChanged
+click chkTrace
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus chkTrace: frmScriptEdit
+type txtSecondByteHex "07"
+    text "07": txtSecondByteHex
+    fore 255: txtSecondByteHex, txtSecondByteTime
+    focus txtSecondByteHex (0 selected): frmScriptEdit
+set MacroChanged true
+    true: MacroChanged
+click cmdUpload
+    hourglass
+    says "Upload completed."
+    arrow
+    operation "Upload Macro" stopped
+    fore 0: txtSecondByteHex, txtSecondByteTime
+    text "0.7": txtSecondByteTime
+    enabled true: cmdInsertCommand(199)
+    focus cmdUpload: frmScriptEdit
+    false: MacroChanged
+    22 00: image(7F)
+close
+    value 16: scrListScroll
+    visible true: shpOutline(0)
+    visible false: shpOutline(7)
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    16: ListTop
+    0: ListRow
+    00 00: image(7F)

@@ -1,0 +1,317 @@
+# Macro files from the editor's buttons.
+
+== A trigger without a name is saved but does not load
+quietly set AdminLoggedIn true
+quietly edit 50
+quietly set txtMTName(0) "First"
+quietly set txtMTPage(0) "0"
+quietly set txtMTAddress(0) "10"
+quietly set chkMacro(0) 1
+quietly click cmdBasicSettings
+quietly click chkTrace
+chooses program.sms
+click cmdSaveFile
+    asks to save "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    text "First         ": txtMTName(0)
+    text "              ": txtMTName(1-7)
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus cmdSaveFile: frmScriptEdit
+cat program.sms
+    "'Kestrane Version 3 macro file - program.sms\x0D"
+    "'Macro Triggers\x0D"
+    "First          0 10 Enabled                                                06C4\x0D"
+    "               0 00 Disabled                                               05C8\x0D" x7
+    "'Macro Code\x0D"
+    "10 C6 03 'Alarm status Flash and Beep                                      019D\x0D"
+    "11 03 00 'GPI Disable                                                      0185\x0D"
+    "12 D2 1A 'Set on/off switch on interrupt address 1A                        01AB\x0D"
+    "13 D3 2A 'Set on/off switch off interrupt address 2A                       01AE\x0D"
+    "14 04 00 'GPI Enable                                                       0189\x0D"
+    "15 00 00 'Stop                                                             0186\x0D"
+    "16 00 00 'Stop                                                             0187\x0D"
+    "17 00 00 'Stop                                                             0188\x0D"
+    "18 00 00 'Stop                                                             0189\x0D"
+    "19 00 00 'Stop                                                             018A\x0D"
+    "1A 40 05 'Turn on outlet 1 after 0.5 seconds, skip if already on           019B\x0D"
+    "1B 41 05 'Turn on outlet 2 after 0.5 seconds, skip if already on           019D\x0D"
+    "1C 42 05 'Turn on outlet 3 after 0.5 seconds, skip if already on           019F\x0D"
+    "1D 43 05 'Turn on outlet 4 after 0.5 seconds, skip if already on           01A1\x0D"
+    "1E 44 05 'Turn on outlet 5 after 0.5 seconds, skip if already on           01A3\x0D"
+    "1F 45 05 'Turn on outlet 6 after 0.5 seconds, skip if already on           01A5\x0D"
+    "20 46 05 'Turn on outlet 7 after 0.5 seconds, skip if already on           0191\x0D"
+    "21 47 05 'Turn on outlet 8 after 0.5 seconds, skip if already on           0193\x0D"
+    "22 48 05 'Turn on outlet 9 after 0.5 seconds, skip if already on           0195\x0D"
+    "23 49 05 'Turn on outlet 10 after 0.5 seconds, skip if already on          0197\x0D"
+    "24 4A 05 'Turn on outlet 11 after 0.5 seconds, skip if already on          01A0\x0D"
+    "25 4B 05 'Turn on outlet 12 after 0.5 seconds, skip if already on          01A2\x0D"
+    "26 4C 05 'Turn on outlet 13 after 0.5 seconds, skip if already on          01A4\x0D"
+    "27 4D 05 'Turn on outlet 14 after 0.5 seconds, skip if already on          01A6\x0D"
+    "28 00 00 'Stop                                                             018A\x0D"
+    "29 00 00 'Stop                                                             018B\x0D"
+    "2A 3D 05 'Turn off outlet 14 after 0.5 seconds, skip if already off        01AF\x0D"
+    "2B 3C 05 'Turn off outlet 13 after 0.5 seconds, skip if already off        01AF\x0D"
+    "2C 3B 05 'Turn off outlet 12 after 0.5 seconds, skip if already off        01AF\x0D"
+    "2D 3A 05 'Turn off outlet 11 after 0.5 seconds, skip if already off        01AF\x0D"
+    "2E 39 05 'Turn off outlet 10 after 0.5 seconds, skip if already off        01A8\x0D"
+    "2F 38 05 'Turn off outlet 9 after 0.5 seconds, skip if already off         01A8\x0D"
+    "30 37 05 'Turn off outlet 8 after 0.5 seconds, skip if already off         0192\x0D"
+    "31 36 05 'Turn off outlet 7 after 0.5 seconds, skip if already off         0192\x0D"
+    "32 35 05 'Turn off outlet 6 after 0.5 seconds, skip if already off         0192\x0D"
+    "33 34 05 'Turn off outlet 5 after 0.5 seconds, skip if already off         0192\x0D"
+    "34 33 05 'Turn off outlet 4 after 0.5 seconds, skip if already off         0192\x0D"
+    "35 32 05 'Turn off outlet 3 after 0.5 seconds, skip if already off         0192\x0D"
+    "36 31 05 'Turn off outlet 2 after 0.5 seconds, skip if already off         0192\x0D"
+    "37 30 05 'Turn off outlet 1 after 0.5 seconds, skip if already off         0192\x0D"
+    "38 00 00 'Stop                                                             018B\x0D"
+    "39 00 00 'Stop                                                             018C\x0D"
+    "3A 00 00 'Stop                                                             0194\x0D"
+    "3B 00 00 'Stop                                                             0195\x0D"
+    "3C 00 00 'Stop                                                             0196\x0D"
+    "3D 00 00 'Stop                                                             0197\x0D"
+    "3E 00 00 'Stop                                                             0198\x0D"
+    "3F 00 00 'Stop                                                             0199\x0D"
+    "40 00 00 'Stop                                                             0184\x0D"
+    "41 00 00 'Stop                                                             0185\x0D"
+    "42 00 00 'Stop                                                             0186\x0D"
+    "43 00 00 'Stop                                                             0187\x0D"
+    "44 00 00 'Stop                                                             0188\x0D"
+    "45 00 00 'Stop                                                             0189\x0D"
+    "46 00 00 'Stop                                                             018A\x0D"
+    "47 00 00 'Stop                                                             018B\x0D"
+    "48 00 00 'Stop                                                             018C\x0D"
+    "49 00 00 'Stop                                                             018D\x0D"
+    "4A 00 00 'Stop                                                             0195\x0D"
+    "4B 00 00 'Stop                                                             0196\x0D"
+    "4C 00 00 'Stop                                                             0197\x0D"
+    "4D 00 00 'Stop                                                             0198\x0D"
+    "4E 00 00 'Stop                                                             0199\x0D"
+    "4F 00 00 'Stop                                                             019A\x0D"
+    "50 00 00 'Stop                                                             0185\x0D"
+    "51 00 00 'Stop                                                             0186\x0D"
+    "52 00 00 'Stop                                                             0187\x0D"
+    "53 00 00 'Stop                                                             0188\x0D"
+    "54 00 00 'Stop                                                             0189\x0D"
+    "55 00 00 'Stop                                                             018A\x0D"
+    "56 00 00 'Stop                                                             018B\x0D"
+    "57 00 00 'Stop                                                             018C\x0D"
+    "58 00 00 'Stop                                                             018D\x0D"
+    "59 00 00 'Stop                                                             018E\x0D"
+    "5A 00 00 'Stop                                                             0196\x0D"
+    "5B 00 00 'Stop                                                             0197\x0D"
+    "5C 00 00 'Stop                                                             0198\x0D"
+    "5D 00 00 'Stop                                                             0199\x0D"
+    "5E 00 00 'Stop                                                             019A\x0D"
+    "5F 00 00 'Stop                                                             019B\x0D"
+    "60 00 00 'Stop                                                             0186\x0D"
+    "61 00 00 'Stop                                                             0187\x0D"
+    "62 00 00 'Stop                                                             0188\x0D"
+    "63 00 00 'Stop                                                             0189\x0D"
+    "64 00 00 'Stop                                                             018A\x0D"
+    "65 00 00 'Stop                                                             018B\x0D"
+    "66 00 00 'Stop                                                             018C\x0D"
+    "67 00 00 'Stop                                                             018D\x0D"
+    "68 00 00 'Stop                                                             018E\x0D"
+    "69 00 00 'Stop                                                             018F\x0D"
+    "6A 00 00 'Stop                                                             0197\x0D"
+    "6B 00 00 'Stop                                                             0198\x0D"
+    "6C 00 00 'Stop                                                             0199\x0D"
+    "6D 00 00 'Stop                                                             019A\x0D"
+    "6E 00 00 'Stop                                                             019B\x0D"
+    "6F 00 00 'Stop                                                             019C\x0D"
+    "70 00 00 'Stop                                                             0187\x0D"
+    "71 00 00 'Stop                                                             0188\x0D"
+    "72 00 00 'Stop                                                             0189\x0D"
+    "73 00 00 'Stop                                                             018A\x0D"
+    "74 00 00 'Stop                                                             018B\x0D"
+    "75 00 00 'Stop                                                             018C\x0D"
+    "76 00 00 'Stop                                                             018D\x0D"
+    "77 00 00 'Stop                                                             018E\x0D"
+    "78 00 00 'Stop                                                             018F\x0D"
+    "79 00 00 'Stop                                                             0190\x0D"
+    "7A 00 00 'Stop                                                             0198\x0D"
+    "7B 00 00 'Stop                                                             0199\x0D"
+    "7C 00 00 'Stop                                                             019A\x0D"
+    "7D 00 00 'Stop                                                             019B\x0D"
+    "7E 00 00 'Stop                                                             019C\x0D"
+    "7F 00 00 'Stop                                                             019D\x0D"
+quietly click cmdClearMem
+quietly click chkTrace
+chooses program.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "Checksum Error.|Checksum Error importing Macro Triggers at line 4.\x0D\x0AImport aborted. Please do not upload to unit."
+    text "First": txtMTName(0)
+    value 0: chkTrace
+    enabled true: timUpdate
+    enabled false: timTrace
+    focus cmdLoadFile: frmScriptEdit
+# A cancelled dialog is the end of it.
+click cmdSaveFile
+    asks to save "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    focus cmdSaveFile: frmScriptEdit
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    focus cmdLoadFile: frmScriptEdit
+close
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+
+== What is saved loads back, and imported triggers are told of when the editor closes
+# Their addresses are checked before: 7F is refused, 00 empties its row.
+quietly set AdminLoggedIn true
+quietly edit 50
+quietly set txtMTName(0) "A"
+quietly set txtMTName(1) "B"
+quietly set txtMTName(2) "C"
+quietly set txtMTName(3) "D"
+quietly set txtMTName(4) "E"
+quietly set txtMTName(5) "F"
+quietly set txtMTName(6) "G"
+quietly set txtMTName(7) "H"
+quietly set txtMTAddress(3) "7F"
+quietly set txtMTAddress(4) "14"
+quietly set txtMTAddress(5) "00"
+quietly set chkMacro(5) 1
+quietly click cmdBasicSettings
+quietly chooses a.sms
+quietly click cmdSaveFile
+quietly set txtMTName(7) "other"
+quietly click cmdClearMem
+chooses a.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    text "A": txtMTName(0)
+    text "B": txtMTName(1)
+    text "C": txtMTName(2)
+    text "D": txtMTName(3)
+    text "E": txtMTName(4)
+    text "F": txtMTName(5)
+    text "G": txtMTName(6)
+    text "H": txtMTName(7)
+    text "00": txtMTAddress(0-2 6-7)
+    fore 255: txtMTAddress(0-2 6-7)
+    caption "C6": lblMem1(0)
+    caption "03": lblMem1(1), lblMem2(0)
+    caption "D2": lblMem1(2)
+    caption "D3": lblMem1(3)
+    caption "04": lblMem1(4)
+    caption "40": lblMem1(10)
+    caption "41": lblMem1(11)
+    caption "42": lblMem1(12)
+    caption "43": lblMem1(13)
+    caption "44": lblMem1(14)
+    caption "45": lblMem1(15)
+    caption "1A": lblMem2(2)
+    caption "2A": lblMem2(3)
+    caption "05": lblMem2(10-15)
+    caption "Alarm status Flash and Beep": lblCommand(0)
+    caption "GPI Disable": lblCommand(1)
+    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
+    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
+    caption "GPI Enable": lblCommand(4)
+    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
+    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
+    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
+    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
+    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
+    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    focus cmdLoadFile: frmScriptEdit
+    true: MacroTriggersChanged
+    C6 03: image(10)
+    03 00: image(11)
+    D2 1A: image(12)
+    D3 2A: image(13)
+    04 00: image(14)
+    40 05: image(1A)
+    41 05: image(1B)
+    42 05: image(1C)
+    43 05: image(1D)
+    44 05: image(1E)
+    45 05: image(1F)
+    46 05: image(20)
+    47 05: image(21)
+    48 05: image(22)
+    49 05: image(23)
+    4A 05: image(24)
+    4B 05: image(25)
+    4C 05: image(26)
+    4D 05: image(27)
+    3D 05: image(2A)
+    3C 05: image(2B)
+    3B 05: image(2C)
+    3A 05: image(2D)
+    39 05: image(2E)
+    38 05: image(2F)
+    37 05: image(30)
+    36 05: image(31)
+    35 05: image(32)
+    34 05: image(33)
+    33 05: image(34)
+    32 05: image(35)
+    31 05: image(36)
+    30 05: image(37)
+# A second, equal import leaves it so.
+chooses a.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+# A checksum fault in the second line of code keeps the first.
+spoil a.sms 0185 0186
+quietly click cmdClearMem
+chooses a.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "Checksum Error.|Checksum Error importing Macro Code at line 13.\x0D\x0AImport aborted. Please do not upload to unit."
+    caption "C6": lblMem1(0)
+    caption "03": lblMem2(0)
+    caption "Alarm status Flash and Beep": lblCommand(0)
+    focus cmdLoadFile: frmScriptEdit
+    C6 03: image(10)
+close
+    box "Invalid Address.|Hex address for macro is not valid. Must be between hex 10 and 7E"
+    box "Upload Macro Triggers?|The Macro Triggers have been changed by the SMS import.\x0D\x0APlease click the Write Macro Triggers button to upload them if required."
+    text "": txtMTAddress(0-3 5-7)
+    fore 0: txtMTAddress(4)
+    enabled false: chkMacro(0-2 5-7), timUpdate, timUDColour
+    value 0: chkMacro(5)
+    enabled true: cmdWriteMacroTriggers
+    caption "00": lblMem1(0), lblMem2(0)
+    caption "Stop": lblCommand(0)
+    focus none: frmScriptEdit
+    false: MacroTriggersChanged
+    00 00: image(10)
+    1: beeps
+
+== Why a file can't be read or saved
+quietly set AdminLoggedIn true
+quietly edit 50
+chooses none.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "File Error.|Cannot read none.sms: No such file or directory."
+    focus cmdLoadFile: frmScriptEdit
+disk short.sms "AB\x0D\x0ACD\x0D\x0A"
+chooses short.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "File Error.|short.sms ends early, after line 2.\x0D\x0AImport aborted. Please do not upload to unit."
+    AB CD: image(00)
+set txtMTName(2) "unpadded"
+    text "unpadded": txtMTName(2)
+disk-fault full.sms "No space left on device"
+chooses full.sms
+click cmdSaveFile
+    asks to save "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "File Error.|Cannot save full.sms: No space left on device."
+    focus cmdSaveFile: frmScriptEdit
+# A path is shown in its own characters.
+chooses gr\xC3\xBC\xC3\x9F\xE2\x82\xAC.sms
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "File Error.|Cannot read gr\xFC\xDF?.sms: No such file or directory."
+    focus cmdLoadFile: frmScriptEdit
+close
+    enabled false: timUpdate, timUDColour
+    focus none: frmScriptEdit
+    00 00: image(00)
