@@ -255,3 +255,9 @@ assemble at 7F: GOTO .
 assemble at 7F: WAIT 0
     7F: 02 00
 assemble trigger 9 "Fifteen letters" page 10 on nowhere 1
+    1:9: a trigger has a number from 1 to 8
+    1:11: a name has at most 14 characters
+    1:34: a page is a number from 0 to 9
+    1:37: "enabled" or "disabled" is expected here
+    1:40: label nowhere is not defined; write "nowhere:" before an instruction
+    1:48: "1" is too much, the trigger ends before it
