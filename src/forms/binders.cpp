@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QTabBar>
+#include <algorithm>
 
 #include "forms/latin1.h"
 #include "forms/look/look.h"
@@ -87,6 +88,53 @@ OptionButtonBinder::OptionButtonBinder(Mirror& mirror, OptionButton& option, QRa
         view_.setChecked(option_.Chosen());
         mirror_.Click(option_);
     });
+}
+
+void OptionButtonBinder::SyncKind() {
+    if (view_.isChecked() != option_.Chosen()) view_.setChecked(option_.Chosen());
+    const std::vector<OptionButton*> options = Options();
+    const auto chosen = std::find_if(options.begin(), options.end(),
+                                     [](const OptionButton* option) { return option->Chosen(); });
+    const OptionButton* const stop = chosen == options.end() ? options.front() : *chosen;
+    for (const OptionButton* option : options) {
+        QWidget* const view = mirror_.WidgetOf(*option);
+        if (view) view->setFocusPolicy(option == stop ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
+std::vector<OptionButton*> OptionButtonBinder::Options() const {
+    std::vector<OptionButton*> options;
+    for (Control* control : option_.form().controls()) {
+        if (control->kind() == Kind::kOptionButton && control->base_name() == option_.base_name()) {
+            options.push_back(static_cast<OptionButton*>(control));
+        }
+    }
+    return options;
+}
+
+bool OptionButtonBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool back = key == Qt::Key_Left || key == Qt::Key_Up;
+        if (back || key == Qt::Key_Right || key == Qt::Key_Down) {
+            ChooseNext(back ? -1 : 1);
+            return true;
+        }
+    }
+    return Binder::eventFilter(watched, event);
+}
+
+// Goes round.
+void OptionButtonBinder::ChooseNext(int step) {
+    const std::vector<OptionButton*> options = Options();
+    const auto count = static_cast<int>(options.size());
+    const auto here =
+        static_cast<int>(std::find(options.begin(), options.end(), &option_) - options.begin());
+    for (int moved = 1; moved < count; ++moved) {
+        const int next = (here + step * moved + count * moved) % count;
+        OptionButton& option = *options[static_cast<std::size_t>(next)];
+        if (option.Usable()) return mirror_.Click(option);
+    }
 }
 
 // ComboBox

@@ -69,14 +69,19 @@ class CheckBoxBinder : public Binder {
 };
 
 // Which of a group is chosen is the model's affair: the widgets don't exclude each other.
+// The options of one choice are one stop of the Tab key; arrows choose among them.
 class OptionButtonBinder : public Binder {
   public:
     OptionButtonBinder(Mirror& mirror, OptionButton& option, QRadioButton& view);
 
   protected:
-    void SyncKind() override { view_.setChecked(option_.Chosen()); }
+    void SyncKind() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    std::vector<OptionButton*> Options() const;
+    void ChooseNext(int step);
+
     OptionButton& option_;
     QRadioButton& view_;
 };

@@ -152,6 +152,20 @@ TEST_F(MirrorTest, OptionButtonsExcludeEachOtherInTheModel) {
     Settle();
     EXPECT_TRUE(form().OptButID(3).Chosen());
     EXPECT_FALSE(View<QRadioButton>(form().OptButID(250)).isChecked());
+    // One stop of the Tab key; arrows choose the next that can be used, and go round.
+    for (const int id : {250, 0, 1, 2, 3, 4}) {
+        EXPECT_EQ(View(form().OptButID(id)).focusPolicy() == Qt::StrongFocus, id == 3) << id;
+    }
+    form().OptButID(4).SetEnabled(false);
+    Settle();
+    QTest::keyClick(&View(form().OptButID(3)), Qt::Key_Down);
+    Settle();
+    EXPECT_TRUE(form().OptButID(250).Chosen());
+    EXPECT_EQ(form().Focused(), &form().OptButID(250));
+    EXPECT_EQ(View(form().OptButID(250)).window()->focusWidget(), &View(form().OptButID(250)));
+    QTest::keyClick(&View(form().OptButID(250)), Qt::Key_Left);
+    Settle();
+    EXPECT_TRUE(form().OptButID(3).Chosen());
 }
 
 TEST_F(MirrorTest, TheMouseLeavesABoxOnlyWhenItIsUpAgain) {
