@@ -94,6 +94,15 @@ void Stage::CheckOwner(int board, int command) const {
     throw Broken{"frame of another connection: command " + std::to_string(command)};
 }
 
+// A settings read clears names and triggers on the screen.
+void Stage::OperationBegan(const OperationRecord& operation) {
+    if (operation.name != "Read Network Settings") return;
+    std::erase_if(read_, [](const std::pair<int, int>& block) {
+        const auto address = static_cast<std::size_t>(block.second);
+        return address < unit::display::kSensorNames || address >= unit::display::kTriggers;
+    });
+}
+
 void Stage::ExchangeBegan(const Exchange& exchange) {
     newest_ = exchange.number;
     under_way_[exchange.number] = exchange;

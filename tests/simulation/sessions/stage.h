@@ -46,6 +46,7 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
   private:
     void OnConnect() override;
     void OnBytes(std::string_view bytes) override;
+    void OperationBegan(const OperationRecord& operation) override;
     void ExchangeBegan(const Exchange& exchange) override;
     void ExchangeEnded(const Exchange& exchange) override;
     void ControlChanged(Control& control, Property property) override;
