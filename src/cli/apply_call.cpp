@@ -151,7 +151,7 @@ class ApplyCall : public WritingCall {
         if (paths_.empty() && assignments_.empty()) {
             return "name a configuration file, or give --set KEY=VALUE";
         }
-        if (const std::string why = filter_.Check(); !why.empty()) return why;
+        if (std::string why = filter_.Check(); !why.empty()) return why;
         given_.clear();
         for (const std::string& text : assignments_) {
             std::string error;

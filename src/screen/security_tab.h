@@ -9,8 +9,8 @@ namespace kestrane {
 struct SecurityTab {
     static const char* HelpText(int index) {
         static constexpr const char* kTexts[] = {
-            "Passwords are not stored in the clear. They are hashed with a random salt and they "
-            "cannot be read back.",
+            ("Passwords are not stored in the clear. They are hashed with a random salt and they "
+             "cannot be read back."),
             "When adding or amending passwords, all three levels need to be set before saving.",
             "If a password field is empty, that level does not require a password.",
             "If a View password is set then add a password / disable Control and Admin.",
