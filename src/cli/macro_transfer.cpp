@@ -1,35 +1,22 @@
 #include "cli/macro_transfer.h"
 
 #include "cli/call_driver.h"
-#include "cli/macro_blocks.h"
 #include "link/frame.h"
 #include "macro/macro_file.h"
 #include "macro/source_words.h"
+#include "macro/transfer_blocks.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
 namespace kestrane {
 namespace {
 
-constexpr int kProgramAddress = 0x0020;
-constexpr int kProgramBlocks = 14;
-constexpr int kTriggerAddress = 0x0200;
-
-std::string Hex(int address) { return HexByte(static_cast<std::uint8_t>(address)); }
-
-// The macro addresses of blocks of the program.
-std::string AddressesOf(int first, int last) {
-    const int begin = (kProgramAddress + kBlockSize * first) / 2;
-    const int end = (kProgramAddress + kBlockSize * (last + 1)) / 2 - 1;
-    return Hex(begin) + " to " + Hex(end) + ":";
-}
-
-std::string TriggersOf(int first, int last) {
+std::string TriggerNumbers(int first, int last) {
     const std::string from = std::to_string(first + 1);
-    return (first == last ? "trigger " + from
-                          : "triggers " + from + " to " + std::to_string(last + 1)) +
-           ":";
+    return first == last ? from : from + " to " + std::to_string(last + 1);
 }
+
+constexpr BlockRun kTriggerRun = {0x0200, kTriggerRows, "triggers", TriggerNumbers};
 
 // A transfer on one connection, with what went wrong in words.
 class MacroTransfer {
@@ -40,12 +27,10 @@ class MacroTransfer {
   protected:
     Journal& journal() const { return tool_.link.journal(); }
     TransferBlocks Program(bool writes) const {
-        return {journal(),       began_,        writes, tool_.session.RelayAddress,
-                kProgramAddress, kProgramBlocks};
+        return {journal(), began_, writes, tool_.session.RelayAddress, kProgramRun};
     }
     TransferBlocks WrittenTriggers() const {
-        return {journal(),       began_,      true, tool_.session.DisplayAddress,
-                kTriggerAddress, kTriggerRows};
+        return {journal(), began_, true, tool_.session.DisplayAddress, kTriggerRun};
     }
     void Begin() { began_ = LastExchange(journal()); }
 
@@ -176,8 +161,8 @@ class Upload : public MacroTransfer {
     int Judge(const std::string& file, bool good) {
         const TransferBlocks written = Program(true);
         if (!written.AllAccepted()) {
-            return Fail(written, "the unit's program is now, by address, " +
-                                     written.State(AddressesOf) + "; upload it again");
+            return Fail(written, "of the unit's program, by macro address, " +
+                                     written.WhatUnitHolds() + "; upload it again");
         }
         const TransferBlocks read = Program(false);
         if (refusal_ || !read.AllAccepted() || !good) {
@@ -201,7 +186,7 @@ class Upload : public MacroTransfer {
             if (read_back_.Get(i) == program_.Get(i) &&
                 read_back_.Get(i + 1) == program_.Get(i + 1))
                 continue;
-            addresses.push_back(Hex(static_cast<int>(i / 2)));
+            addresses.push_back(HexByte(static_cast<std::uint8_t>(i / 2)));
         }
         return addresses;
     }
@@ -222,8 +207,8 @@ class Upload : public MacroTransfer {
         const TransferBlocks written = WrittenTriggers();
         if (refusal || !written.AllAccepted()) {
             const std::string why = refusal ? *refusal + "; " : std::string();
-            return Fail(written, why + "the unit holds the program of " + file + ", and of its " +
-                                     "macro triggers " + written.State(TriggersOf));
+            return Fail(written, why + "the unit holds the program of " + file +
+                                     ", and in the unit " + written.WhatUnitHolds());
         }
         context_.print("the unit holds the program and the macro triggers of " + file);
         return kExitDone;

@@ -1,7 +1,7 @@
 #include "macro/transfer.h"
 
 #include "macro/editor_controls.h"
-#include "macro/upload_report.h"
+#include "macro/transfer_blocks.h"
 #include "text/text.h"
 
 namespace kestrane {
@@ -49,7 +49,7 @@ bool Transfer::Begin(const Visit& visit, Button& pressed, Button& other) {
 
 void Transfer::End() {
     state_.transferring = false;
-    upload_ = 0;
+    upload_after_.reset();
     form_.timUDColour.SetEnabled(true);
     poll_.StartTimers();
 }
@@ -57,7 +57,7 @@ void Transfer::End() {
 void Transfer::cmdDownload_Click() {
     if (state_.transferring) return;
     Link::Operation operation(link_, "Download Macro");
-    upload_ = 0;
+    upload_after_.reset();
     const Visit visit(state_);
     if (link_.Connected()) {
         state_.transferring = true;
@@ -135,7 +135,7 @@ void Transfer::cmdupload_Click() {
 void Transfer::upload() {
     if (state_.transferring) return;
     Link::Operation operation(link_, "Upload Macro");
-    upload_ = link_.journal().last_operation();
+    upload_after_ = LastExchange(link_.journal());
     const Visit visit(state_);
     form_.SetPointer(Form::kHourglass);
     if (link_.Connected()) {
@@ -165,8 +165,11 @@ void Transfer::Upload(const Link::Operation& operation, const Visit& visit) {
 }
 
 std::optional<std::string> Transfer::UnitInTheMidst() const {
-    if (!state_.transferring || upload_ == 0) return {};
-    return WhatUnitHolds(link_.journal(), upload_);
+    if (!state_.transferring || !upload_after_) return {};
+    const TransferBlocks blocks(link_.journal(), *upload_after_, true,
+                                session_.RelayAddress & 0xFF, kProgramRun);
+    if (blocks.UnitUntouched()) return {};
+    return blocks.WhatUnitHolds();
 }
 
 void Transfer::timUDColour_Timer() {

@@ -38,7 +38,7 @@ class Transfer {
     void upload();
     void timUDColour_Timer();
 
-    // Of an upload under way, what the unit holds so far; nothing otherwise.
+    // Of an upload under way that has sent a block, what the unit holds so far; else nothing.
     std::optional<std::string> UnitInTheMidst() const;
 
     // Undoes the doubling in ReplyBuffer.
@@ -61,7 +61,8 @@ class Transfer {
     SecondByte& second_byte_;
     StatusPoll& poll_;
     TransferHooks hooks_;
-    std::uint64_t upload_ = 0;  // in the journal, while it runs
+    // While an upload runs, the last exchange before it.
+    std::optional<std::uint64_t> upload_after_;
 };
 
 }  // namespace kestrane
