@@ -1,17 +1,8 @@
-#include <gtest/gtest.h>
-
-#include "support/transcript.h"
+#include "support/stories.h"
+#include "support/tool_player.h"
 
 namespace kestrane {
-namespace {
 
-// The stories of this folder, one case a file.
-class MacroStories : public testing::TestWithParam<std::string> {};
+const bool kStories = RegisterStories("macro", PlayOnTool);
 
-TEST_P(MacroStories, GoAsTheyStand) { ExpectTranscript("macro", GetParam()); }
-
-INSTANTIATE_TEST_SUITE_P(, MacroStories, testing::ValuesIn(TranscriptsIn("macro")),
-                         [](const auto& name) { return name.param; });
-
-}  // namespace
 }  // namespace kestrane

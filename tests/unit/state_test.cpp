@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "unit/hand_commands.h"
 #include "unit_test_support.h"
 
 namespace kestrane::unit {
@@ -34,32 +33,6 @@ TEST(State, RefusesAFileThatIsShortLongDamagedOrAnother) {
         const DecodedState state = DecodeState(bad);
         EXPECT_FALSE(state.boards);
         EXPECT_FALSE(state.error.empty());
-    }
-}
-
-TEST(HandCommands, WorkTheUnitAndRefuseWhatIsNone) {
-    Unit unit;
-    const auto hand = [&](std::string_view line) {
-        return ApplyHandCommand(unit, line, Milliseconds{1000});
-    };
-    EXPECT_EQ(hand("  switch   off "), "ok");
-    EXPECT_TRUE(unit.Runner().Running());
-    EXPECT_EQ(hand("gpi 2 low"), "ok");
-    EXPECT_FALSE(unit.Live().gpi_high[1]);
-    EXPECT_EQ(hand("supply main off"), "ok");
-    EXPECT_TRUE(unit.Live().changeover.OnBackup());
-    EXPECT_EQ(hand("fuse 14 blown"), "ok");
-    EXPECT_EQ(unit.Live().good_fuses, 0x1FFF);
-    EXPECT_EQ(hand("sensor 1 out"), "ok");
-    EXPECT_EQ(DataOf(unit, kPortA, {kRelayByte, 0x82, 0x01, 1}), std::string(9, '\xFF') + "\x04");
-    EXPECT_EQ(hand(""), "");
-    EXPECT_EQ(hand("# note"), "");
-    for (const char* line : {"gpi 0 low", "gpi 5 low", "fuse 15 good", "sensor 9 in", "macro 8",
-                             "macro x", "gpi -1 low", "fuse 999 good"}) {
-        EXPECT_EQ(hand(line), "not possible") << line;
-    }
-    for (const char* line : {"switch", "switch maybe", "gpi 1", "gpi 1 high now", "supply c on"}) {
-        EXPECT_EQ(hand(line).substr(0, 7), "unknown") << line;
     }
 }
 

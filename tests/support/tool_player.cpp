@@ -1,11 +1,6 @@
-#include "support/transcript.h"
-
-#include <gtest/gtest.h>
+#include "support/tool_player.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -555,57 +550,8 @@ class Player : private ScreenListener, private JournalObserver {
     std::size_t asked_ = 0;
 };
 
-std::filesystem::path FolderOf(const std::string& folder) {
-    return std::filesystem::path(KESTRANE_SOURCE_DIR) / "tests" / folder;
-}
-
 }  // namespace
 
-std::string PlayTranscript(const std::string& text) {
-    std::string played;
-    std::vector<std::string> story;
-    const auto play = [&] {
-        played += Player(story).Play();
-        story.clear();
-    };
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);) {
-        if (line.starts_with("== ")) play();
-        if (line.starts_with("== "))
-            played += line + "\n";
-        else
-            story.push_back(line);
-    }
-    play();
-    return played;
-}
-
-std::vector<std::string> TranscriptsIn(const std::string& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(FolderOf(folder))) {
-        if (entry.path().extension() == ".story") names.push_back(entry.path().stem());
-    }
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-void ExpectTranscript(const std::string& folder, const std::string& name) {
-    const auto path = FolderOf(folder) / (name + ".story");
-    std::stringstream expected;
-    expected << std::ifstream(path).rdbuf();
-    const std::string played = PlayTranscript(expected.str());
-    if (std::getenv("KESTRANE_RECORD")) {
-        std::ofstream(path) << played;
-        return;
-    }
-    std::istringstream actual(played);
-    std::string line;
-    std::string wanted;
-    for (int number = 1; std::getline(actual, line); ++number) {
-        std::getline(expected, wanted);
-        ASSERT_EQ(line, wanted) << path << ":" << number;
-    }
-    EXPECT_EQ(played.size(), expected.str().size());
-}
+std::string PlayOnTool(const std::vector<std::string>& lines) { return Player(lines).Play(); }
 
 }  // namespace kestrane
