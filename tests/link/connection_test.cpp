@@ -20,77 +20,6 @@ struct Connection : ::testing::Test, ToolOnScript {
     }
 };
 
-TEST_F(Connection, StartsOnTheNetworkTabWithNothingToReadAndAClosedSocket) {
-    Wait(100);
-    EXPECT_EQ(form.SSTab1.Tab(), 0);
-    EXPECT_EQ(form.lblNotLoggedIn.Caption(), "Socket is closed");
-    EXPECT_EQ(form.lblNotLoggedIn.ForeColor(), kGreen);
-    EXPECT_TRUE(form.fraIPAddress.Enabled());
-    EXPECT_FALSE(network.cmdReadNetworkSettings.Usable());
-    EXPECT_FALSE(network.fraNetworkSettings.Enabled());
-    EXPECT_EQ(session.LastTabIndex, 8);
-    for (const TabState& tab : form.SSTab1.Tabs()) EXPECT_FALSE(tab.enabled) << tab.caption;
-}
-
-TEST_F(Connection, EveryStateHasItsText) {
-    const std::pair<SocketState, const char*> texts[] = {
-        {SocketState::kOpen, "Socket is open"},
-        {SocketState::kListening, "Socket is listening"},
-        {SocketState::kConnectionPending, "Socket connection pending"},
-        {SocketState::kResolvingHost, "Socket resolving host"},
-        {SocketState::kHostResolved, "Socket host resolved"},
-        {SocketState::kConnecting, "Socket is connecting"},
-        {static_cast<SocketState>(12), "Socket state unknown"}};
-    for (const auto& [state, text] : texts) {
-        world.tcpsend.ForceState(state);
-        Wait(100);
-        EXPECT_EQ(form.lblNotLoggedIn.Caption(), text);
-        EXPECT_EQ(form.lblNotLoggedIn.ForeColor(), kRed) << text;
-    }
-}
-
-TEST_F(Connection, ConnectedShowsThePortByItsText) {
-    Connect();
-    EXPECT_EQ(form.cmdConnect.Caption(), "Connected");
-    EXPECT_TRUE(network.cmdReadNetworkSettings.Usable());
-    EXPECT_FALSE(form.fraIPAddress.Enabled());
-    EXPECT_TRUE(form.cmdDisconnect.Usable());
-    network.txtTcpControlPort(1).SetText("1243");
-    Wait(100);
-    EXPECT_EQ(form.cmdConnect.Caption(), "Connected Port B");
-    EXPECT_EQ(session.ConnectedPortIndex, 2);
-    Click(form.cmdDisconnect);
-    EXPECT_EQ(session.ConnectedPortIndex, 2) << "it survives a disconnect";
-}
-
-TEST_F(Connection, ARefusedConnectBeepsOnceShowsRedForASecondAndDisconnectsOnce) {
-    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kRefuse);
-    bool seen = false;
-    After(500, [&] {
-        seen =
-            form.lblNotLoggedIn.Caption() == "Socket error" && form.cmdConnect.BackColor() == kRed;
-    });
-    Click(form.cmdConnect);
-    Wait(5000);
-    EXPECT_TRUE(seen);
-    EXPECT_EQ(world.sound.beeps(), 1);
-    EXPECT_EQ(form.lblNotLoggedIn.Caption(), "");
-    EXPECT_TRUE(form.cmdConnect.Usable());
-    world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kAccept);
-    Connect();
-}
-
-TEST_F(Connection, AFarEndCloseIsShownUntilTheNextConnect) {
-    Connect();
-    world.tcpsend.CloseByPeer();
-    Wait(200);
-    EXPECT_EQ(form.cmdDisconnect.Caption(), "Timeout Disconnected");
-    EXPECT_EQ(form.cmdDisconnect.BackColor(), kOrange);
-    EXPECT_FALSE(form.timGetResponse.Enabled());
-    Connect();
-    EXPECT_EQ(form.cmdDisconnect.Caption(), "Disconnect");
-}
-
 TEST_F(Connection, ResetEthernetSendsTheRealAddressShowsTheFixedTextAndDisconnects) {
     Connect();
     form.OptButID(1).SetChosen(true);
@@ -196,30 +125,6 @@ TEST_F(Connection, ClosingTheMainFormEndsTheProgramFromWithinAWait) {
     EXPECT_THROW(tool.hand.Click(network.cmdReadNetworkSettings), ProgramEnded);
     EXPECT_EQ(world.loop.exit_status(), 0);
     EXPECT_EQ(world.tcpsend.State(), SocketState::kClosed);
-}
-
-TEST_F(Connection, CtrlShowsTheDiagnosticsAndShiftTurnsTheMask) {
-    tool.hand.Key(Hand::kCtrlKey);
-    EXPECT_EQ(form.Height(), 11340);
-    tool.hand.Key(Hand::kCtrlKey);
-    EXPECT_EQ(form.Height(), 8490);
-    tool.hand.Key(Hand::kShiftKey);
-    EXPECT_EQ(form.txtAdminPassword.PasswordChar(), "*");
-    session.AdminLoggedIn = true;
-    tool.hand.Key(Hand::kShiftKey);
-    EXPECT_EQ(form.txtAdminPassword.PasswordChar() + form.txtControlPassword.PasswordChar(), "");
-}
-
-TEST_F(Connection, TabsEnableFramesByIndexAndNotByCaption) {
-    session.AdminLoggedIn = true;
-    session.MacroTriggersRead = true;
-    form.SSTab1.SetTab(3);
-    EXPECT_TRUE(form.triggers.fraMacroTrigger.Enabled());
-    EXPECT_FALSE(form.names.fraInletNames.Enabled());
-    form.SSTab1.SetTab(6);
-    EXPECT_TRUE(form.firmware.fraFirmwareUpdate.Enabled());
-    EXPECT_FALSE(form.changeover.fraChangeoverOptions.Enabled());
-    EXPECT_TRUE(form.fraRelayID.Enabled());
 }
 
 TEST(Models, ByTheTwoTypeCodes) {

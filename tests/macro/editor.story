@@ -9,7 +9,7 @@ edit 50
     visible false: lblFuseNo(14-15), pbLED(15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216), cmdInsertCommand(192-197 199)
     caption "00": lblMem1(0-15), lblMem2(0-15)
     caption "Stop": lblCommand(0-15)
-    visible true: shpOutline(0)
+    visible true: shpOutline(0), frmScriptEdit
     fore 0: txtSecondByteHex, txtSecondByteTime, txtGoTo
     enabled false: cmdReadLocks, cmdInsertCommand(199), cmdGoTo, cmdUpload, cmdLoadFile, cmdSaveFile
     caption "SUPPLY LOSS INT": cmdInsertCommand(192)
@@ -30,6 +30,7 @@ close
     caption "Stop": lblCommand(0)
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     00 00: image(10)
 
 == It starts afresh each time
@@ -46,7 +47,7 @@ close
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     value 16: scrListScroll
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     value 0: chkTrace
     enabled false: timTrace, timUDColour
     focus none: frmScriptEdit
@@ -64,6 +65,7 @@ edit 50
     text "10": txtGoTo
     fore 0: txtGoTo
     enabled true: timUpdate, timUDColour
+    visible true: frmScriptEdit
     false: MacroChanged
 show chkAutoIncrement value
     0
@@ -79,6 +81,7 @@ show MacroChanged
     false
 close
     enabled false: timUpdate, timUDColour
+    visible false: frmScriptEdit
 
 == It asks before changes are lost
 quietly set AdminLoggedIn true
@@ -93,6 +96,7 @@ click cmdExit
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
 close
 edit 50
     says ""
@@ -102,9 +106,11 @@ edit 50
     caption "Socket is closed": lblNotLoggedIn
     fore 65280: lblNotLoggedIn
     enabled true: timUpdate, timUDColour
+    visible true: frmScriptEdit
     false: MacroChanged
 click cmdExit
     enabled false: timUpdate, timUDColour
+    visible false: frmScriptEdit
 close
 
 == A mask goes through the second byte's field
@@ -158,6 +164,7 @@ close
     caption "Stop": lblCommand(0)
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     00 00: image(10)
 
 == Inserts step on, up to the last address of a jump
@@ -206,7 +213,7 @@ close
     caption "00": lblMem1(13-15)
     caption "Stop": lblCommand(13-15)
     visible true: shpOutline(0)
-    visible false: shpOutline(15)
+    visible false: shpOutline(15), frmScriptEdit
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
     16: MemPointer, ListTop
@@ -249,7 +256,7 @@ close
     caption "00": lblMem1(7)
     caption "Stop": lblCommand(7)
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
     16: MemPointer, ListTop
@@ -291,7 +298,7 @@ close
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     value 16: scrListScroll
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
     16: MemPointer, ListTop
@@ -331,6 +338,7 @@ click cmdSecondByteTimeOK
 close
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
 
 == Trace puts the cursor into the middle, and clearing it takes it back
 quietly set AdminLoggedIn true
@@ -364,7 +372,7 @@ click chkTrace
 close
     value 16: scrListScroll
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
     16: MemPointer, ListTop
@@ -442,7 +450,7 @@ click lblCommand(15)
 close
     value 16: scrListScroll
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     value 0: chkTrace
     enabled false: timTrace, timUDColour
     focus none: frmScriptEdit
@@ -542,6 +550,7 @@ click cmdClearMem
 close
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
 
 == An address that is not one is sent as 00
 unit cms
@@ -566,6 +575,7 @@ close
     caption "Stop": lblCommand(0-4 10-15)
     enabled false: timUpdate
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     00 00: image(10-14 1A-27 2A-37)
 
 == Download and upload without a unit only say that they are done
@@ -622,7 +632,7 @@ click cmdUpload
 close
     value 16: scrListScroll
     visible true: shpOutline(0)
-    visible false: shpOutline(7)
+    visible false: shpOutline(7), frmScriptEdit
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
     16: ListTop

@@ -157,6 +157,7 @@ click cmdLoadFile
 close
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
 
 == What is saved loads back, and imported triggers are told of when the editor closes
 # Their addresses are checked before: 7F is refused, 00 empties its row.
@@ -279,6 +280,7 @@ close
     caption "00": lblMem1(0), lblMem2(0)
     caption "Stop": lblCommand(0)
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     false: MacroTriggersChanged
     00 00: image(10)
     1: beeps
@@ -314,4 +316,5 @@ click cmdLoadFile
 close
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     00 00: image(00)

@@ -104,4 +104,5 @@ close
     caption "Stop": lblCommand(0-4 10-15)
     enabled false: timUpdate, timUDColour
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     00 00: image(10-14 1A-27 2A-37)

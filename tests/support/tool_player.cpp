@@ -238,6 +238,10 @@ class Player : private ScreenListener, private JournalObserver {
             }
         } else if (verb == "connected") {
             ConnectOn(std::stoi(words.at(1)));
+        } else if (verb == "connects-are") {
+            world_.tcpsend.set_connect_answer(words.at(1) == "refused"
+                                                  ? FakeSocket::ConnectAnswer::kRefuse
+                                                  : FakeSocket::ConnectAnswer::kAccept);
         } else if (verb == "settings-read") {
             Connect();
             Refused(tool_->hand.Click(tool_->main_form.network.cmdReadNetworkSettings));
@@ -298,6 +302,11 @@ class Player : private ScreenListener, private JournalObserver {
         }
         if (verb == "set" && words.size() == 3 && SetVariable(words[1], words[2])) return;
         if (verb == "look") return Tell();
+        if (verb == "key") return tool_->hand.Key(std::stoi(words.at(1)));
+        if (verb == "peer-closes") return world_.tcpsend.CloseByPeer();
+        if (verb == "state") {
+            return world_.tcpsend.ForceState(static_cast<SocketState>(std::stoi(words.at(1))));
+        }
         if (verb == "cat") return ShowFile(words.at(1));
         if (verb == "image") {
             auto& image = tool_->macro_editor.state().image;
@@ -466,6 +475,8 @@ class Player : private ScreenListener, private JournalObserver {
                 }
             }
             all.push_back({"focus", form->name(), -1, FocusOf(*form)});
+            all.push_back({"height", form->name(), -1, std::to_string(form->Height())});
+            all.push_back({"visible", form->name(), -1, form->Visible() ? "true" : "false"});
         }
         for (const SessionVariable& variable : SessionVariables(*tool_)) {
             const bool noise = variable.name == "ReplyBuffer" || variable.name == "FrameBuffer" ||
