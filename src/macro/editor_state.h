@@ -4,6 +4,7 @@
 // opening of the form they work for. The image outlives the form.
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -25,6 +26,8 @@ struct EditorState {
     std::string last_action;
     std::optional<std::string> new_action;
     std::string file_name;
+    // The labels that a loaded program brings; none come with a macro file.
+    std::optional<std::map<std::uint8_t, std::string>> new_labels;
 
     // A new number at each opening and at each closing of the form.
     unsigned visit = 0;

@@ -1,5 +1,8 @@
 #include "macro/macro_files.h"
 
+#include <algorithm>
+
+#include "macro/program_text.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -27,14 +30,23 @@ class Importer : public MacroFileSink {
         triggers_.txtMTAddress(row).SetText(fields.address);
         triggers_.chkMacro(row).SetChecked(fields.enabled);
         // A whole table out of a file is one to write.
-        if (row == TriggersTab::kRows - 1) session_.known.triggers = true;
+        ++stored_;
+        if (stored_ == TriggersTab::kRows) session_.known.triggers = true;
     }
 
   private:
     TriggersTab& triggers_;
     Session& session_;
     EditorState& state_;
+    int stored_ = 0;  // triggers
 };
+
+bool HasLinesOfBytes(std::string_view content) {
+    LineReader lines(content);
+    while (lines.Next()) {
+    }
+    return lines.number() >= kBytesInBytesFile;
+}
 
 }  // namespace
 
@@ -97,26 +109,55 @@ std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
     return {};
 }
 
-// What was stored before a fault stays, so each text warns against an upload.
 std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
+    const std::string name = NearestByteText(path);
     const FileStore::Content file = platform_.disk.Read(path);
-    if (file.error) {
-        return Fault{"File Error.",
-                     "Cannot read " + NearestByteText(path) + ": " + *file.error + "."};
+    if (file.error) return Fault{"File Error.", "Cannot read " + name + ": " + *file.error + "."};
+    if (!IsSourceText(file.bytes)) return LoadFile(name, file.bytes);
+    const ProgramText text = ReadProgramText(file.bytes);
+    if (text.Good()) {
+        LoadSource(text.program);
+        return {};
     }
+    // Wrong digits may stand in a file of bytes, which has so many lines; no text of a program is
+    // one by accident.
+    if (HasLinesOfBytes(file.bytes)) return LoadFile(name, file.bytes);
+    const auto fault = std::find_if(text.faults.begin(), text.faults.end(),
+                                    [](const SourceFault& each) { return !each.is_warning; });
+    return Fault{"File Error.", name + ", line" + Str(fault->place.line) + ": " +
+                                    NearestByteText(fault->text) + ".\r\nNothing was loaded."};
+}
+
+// What was stored before a fault stays, so each text warns against an upload.
+std::optional<MacroFiles::Fault> MacroFiles::LoadFile(const std::string& name,
+                                                      std::string_view content) {
     Importer importer(main_form_.triggers, session_, state_);
-    const MacroFileResult result = ReadMacroFile(file.bytes, importer);
+    const MacroFileResult result = ReadMacroFile(content, importer);
     switch (result.outcome) {
         case MacroFileResult::Outcome::kOk:
+            state_.new_labels.emplace();
             return {};
         case MacroFileResult::Outcome::kEndsEarly:
-            return Fault{"File Error.", NearestByteText(path) + " ends early, after line" +
-                                            Str(result.line) + "." + kWarning};
+            return Fault{"File Error.",
+                         name + " ends early, after line" + Str(result.line) + "." + kWarning};
         case MacroFileResult::Outcome::kTriggerChecksum:
         case MacroFileResult::Outcome::kCodeChecksum:
             break;
     }
     return Fault{std::string(kChecksumErrorTitle), ChecksumErrorText(result)};
+}
+
+// A trigger that the source leaves out stays as it is.
+void MacroFiles::LoadSource(const MacroProgram& program) {
+    Importer importer(main_form_.triggers, session_, state_);
+    for (std::size_t i = MacroMemory::kProgramBegin; i < MacroMemory::kProgramEnd; ++i) {
+        importer.StoreByte(i, program.image.Get(i));
+    }
+    for (int row = 0; row < kTriggerRows; ++row) {
+        const auto& trigger = program.triggers[static_cast<std::size_t>(row)];
+        if (trigger) importer.CompareAndStoreTrigger(row, trigger->row);
+    }
+    state_.new_labels = program.LabelsByAddress();
 }
 
 }  // namespace kestrane

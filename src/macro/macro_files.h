@@ -1,7 +1,8 @@
 #pragma once
 
 // SAVE FILE and LOAD FILE: the program and the unit's eight macro triggers to and from a text file.
-// Nothing here goes to the unit. Neither asks before it replaces anything.
+// Nothing here goes to the unit. Neither asks before it replaces anything. Source text can be
+// loaded, too; its labels then stand beside their addresses.
 
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "macro/editor_state.h"
 #include "macro/listing.h"
 #include "macro/macro_file.h"
+#include "macro/macro_program.h"
 #include "macro/status_poll.h"
 #include "screen/main_form.h"
 
@@ -34,6 +36,8 @@ class MacroFiles {
 
   private:
     void Run(bool save);
+    std::optional<Fault> LoadFile(const std::string& name, std::string_view content);
+    void LoadSource(const MacroProgram& program);
     TriggerRow Row(int row) const;
 
     ScriptEditForm& form_;

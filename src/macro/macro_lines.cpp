@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::string_view kHeadOfOurFiles = "'Kestrane";
 constexpr std::string_view kTriggersHead = "'Macro Triggers";
-constexpr std::size_t kBytesInBytesFile = 256;
 
 std::uint32_t ChecksumColumns(std::string_view line) { return HexNumber(Columns(line, 76, 79)); }
 
@@ -28,7 +27,7 @@ std::optional<std::string_view> NextDataLine(LineReader& lines) {
 }
 
 WalkResult::End WalkBytes(LineReader& lines, MacroLineVisitor& visitor) {
-    for (std::size_t index = 0; index < kBytesInBytesFile; ++index) {
+    for (std::size_t index = 0; index < static_cast<std::size_t>(kBytesInBytesFile); ++index) {
         const auto line = lines.Next();
         if (!line) return WalkResult::End::kLinesMissing;
         if (!visitor.VisitByte(index, *line, lines.number())) {

@@ -41,6 +41,8 @@ enum class MacroFileKind {
     kTriggersAndCode = 3,  // as it is written today
 };
 
+inline constexpr long kBytesInBytesFile = 256;
+
 // Decided by the first two lines. A line that is missing counts as an empty one.
 MacroFileKind KindOfMacroFile(std::string_view content);
 

@@ -45,6 +45,16 @@ struct MacroProgram {
         }
     }
 
+    // The labels of each address that has any, joined by commas.
+    std::map<std::uint8_t, std::string> LabelsByAddress() const {
+        std::map<std::uint8_t, std::string> by_address;
+        for (const auto& [label, address] : labels) {
+            std::string& names = by_address[address];
+            names += names.empty() ? label : ", " + label;
+        }
+        return by_address;
+    }
+
     // All eight. A row that is left out gets a name, as an unnamed one could not be read again.
     TriggerRows Rows() const {
         TriggerRows rows;

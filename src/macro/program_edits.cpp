@@ -31,6 +31,7 @@ void ProgramEdits::Begin() {
     state_.last_action.clear();
     state_.new_action.reset();
     state_.file_name.clear();
+    state_.new_labels.reset();
     history_.Begin(Snapshot());
 }
 
@@ -46,12 +47,14 @@ bool ProgramEdits::Usable() const { return form_.Visible() && !state_.transferri
 
 void ProgramEdits::Look() {
     if (!Usable()) return;
+    const auto brought = std::exchange(state_.new_labels, std::nullopt);
+    if (brought) labels_ = *brought;
     const EditedProgram now = Snapshot();
     const auto named = std::exchange(state_.new_action, std::nullopt);
     if (!(now == history_.Now())) {
         const bool replaced =
             ChangedLines(history_.Now().image, now.image).size() > kMostLinesOfAnEdit;
-        if (replaced && now.labels == history_.Now().labels) labels_.clear();
+        if (replaced && !brought && now.labels == history_.Now().labels) labels_.clear();
         state_.last_action = named.value_or(ChangeInWords(history_.Now(), now));
         history_.Note(Snapshot(), state_.last_action);
     } else if (named) {
@@ -138,9 +141,9 @@ std::optional<std::string> ProgramEdits::Paste(std::string_view source) {
         }
         last = static_cast<int>(address);
     }
-    for (const auto& [label, address] : assembly.program.labels) {
-        std::string& names = labels_[address];
-        names += names.empty() ? label : ", " + label;
+    for (const auto& [address, names] : assembly.program.LabelsByAddress()) {
+        std::string& all = labels_[address];
+        all += all.empty() ? names : ", " + names;
     }
     session_.MacroChanged = true;
     state_.new_action = "Pasted " + std::to_string(programmed.count()) +

@@ -127,6 +127,15 @@ TEST_F(Edits, NamesAndFindingsStandBesideAddresses) {
         form.triggers.chkMacro(1).SetChecked(true);
         EXPECT_EQ(edits.NamesAt(0x20), "loop, trigger 2 \"Caf\xC3\xA9\"");
         EXPECT_EQ(edits.NamesAt(0x21), "");
+        world.disk.files["s.txt"] = "on: loop: ON 2 1\n GOTO on\n";
+        world.files.Choose("s.txt");
+        Wait(120);
+        Click(editor.cmdLoadFile);
+        Wait(120);
+        EXPECT_EQ(edits.NamesAt(0x10) + "|" + edits.NamesAt(0x20),
+                  "loop, on|trigger 2 \"Caf\xC3\xA9\"");
+        EXPECT_TRUE(edits.Undo());
+        EXPECT_EQ(edits.NamesAt(0x20), "loop, trigger 2 \"Caf\xC3\xA9\"");
         Put(0x21, 0x06, 0x00);
         bool illegal = false;
         for (const Finding& finding : edits.Findings()) {

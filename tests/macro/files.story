@@ -318,3 +318,33 @@ close
     focus none: frmScriptEdit
     visible false: frmScriptEdit
     00 00: image(00)
+
+== Source text is loaded, too, whole or not at all
+quietly set AdminLoggedIn true
+quietly edit 50
+disk source.txt "trigger 2 \x22Restart\x22 enabled again ; only this row\x0AStop\x0Aat 40: again: ALL OFF 1\x0AGOTO again\x0A"
+chooses source.txt
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    text "Restart": txtMTName(1)
+    text "40": txtMTAddress(1)
+    fore 255: txtMTAddress(1)
+    value 1: chkMacro(1)
+    focus cmdLoadFile: frmScriptEdit
+    true: MacroTriggersChanged
+    51 0A: image(40)
+    01 40: image(41)
+disk wrong.txt "Stop\x0AALL OF 1\x0A"
+chooses wrong.txt
+click cmdLoadFile
+    asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
+    box "File Error.|wrong.txt, line 2: \x22outlets\x22 is expected here.\x0D\x0ANothing was loaded."
+close
+    box "Upload Macro Triggers?|The Macro Triggers have been changed by the SMS import.\x0D\x0APlease click the Write Macro Triggers button to upload them if required."
+    fore 255: txtMTAddress(0 2-7)
+    fore 0: txtMTAddress(1)
+    enabled false: chkMacro(0 2-7), timUpdate, timUDColour
+    enabled true: cmdWriteMacroTriggers
+    focus none: frmScriptEdit
+    false: MacroTriggersChanged
+    00 00: image(40-41)
