@@ -6,8 +6,6 @@
 namespace kestrane {
 namespace {
 
-using std::chrono::milliseconds;
-
 // Closing the editor at any moment of whatever waits in it.
 class Closing : public testing::Test {
   protected:
@@ -48,34 +46,34 @@ class Closing : public testing::Test {
     }
 };
 
-TEST_F(Closing, IsSafeAtAnyMomentOfADownload) {
-    for (int when = 1; when < 2200; when += 97) {
-        CloseAt(when, [](EditorOnUnit& world) { world.Click(world.editor.cmdDownload); });
-    }
-}
-
-TEST_F(Closing, IsSafeAtAnyMomentOfAnUpload) {
-    for (int when = 1; when < 2200; when += 97) {
-        CloseAt(when, [](EditorOnUnit& world) { world.Click(world.editor.cmdUpload); });
-    }
-}
-
-TEST_F(Closing, IsSafeInAGoToThatIsNotAnsweredRight) {
-    for (int when = 1; when < 1000; when += 49) {
-        CloseAt(when, [](EditorOnUnit& world) {
-            for (int i = 0; i < 12; ++i) world.peer.line().GarbleNext(3);
-            world.Click(world.editor.cmdGoTo);
-        });
-    }
-}
-
-TEST_F(Closing, IsSafeInAPollAndInTrace) {
-    for (int when = 1; when < 300; when += 13) {
-        CloseAt(when, [&](EditorOnUnit& world) {
-            world.SetChecked(world.editor.chkTrace, when % 2 == 0);
-            world.Click(world.editor.cmdGetStatus);
-            world.Wait(when + 1);
-        });
+TEST_F(Closing, IsSafeAtAnyMoment) {
+    struct Case {
+        const char* name;
+        int until;
+        int step;
+        void (*begin)(EditorOnUnit& world, int when);
+    };
+    const Case kCases[] = {
+        {"download", 2200, 97,
+         [](EditorOnUnit& world, int) { world.Click(world.editor.cmdDownload); }},
+        {"upload", 2200, 97, [](EditorOnUnit& world, int) { world.Click(world.editor.cmdUpload); }},
+        {"go-to that is not answered right", 1000, 49,
+         [](EditorOnUnit& world, int) {
+             for (int i = 0; i < 12; ++i) world.peer.line().GarbleNext(3);
+             world.Click(world.editor.cmdGoTo);
+         }},
+        {"poll and trace", 300, 13,
+         [](EditorOnUnit& world, int when) {
+             world.SetChecked(world.editor.chkTrace, when % 2 == 0);
+             world.Click(world.editor.cmdGetStatus);
+             world.Wait(when + 1);
+         }},
+    };
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(c.name);
+        for (int when = 1; when < c.until; when += c.step) {
+            CloseAt(when, [&](EditorOnUnit& world) { c.begin(world, when); });
+        }
     }
 }
 

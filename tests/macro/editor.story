@@ -552,10 +552,234 @@ close
     focus none: frmScriptEdit
     visible false: frmScriptEdit
 
-== An address that is not one is sent as 00
+== On a unit; an address that is not one is sent as 00
+# Status; triggers from 0200, names from 0060; the program; then polls.
 unit cms
 settings-read
-quietly edit 8000
+edit 8000
+    > 0131
+    hourglass
+    says "Reading Macro Trigger Name 1 of 8"
+    > FB11020010
+    says "Reading Macro Trigger Name 2 of 8"
+    > FB11021010
+    says "Reading Macro Trigger Name 3 of 8"
+    > FB11022010
+    says "Reading Macro Trigger Name 4 of 8"
+    > FB11023010
+    says "Reading Macro Trigger Name 5 of 8"
+    > FB11024010
+    says "Reading Macro Trigger Name 6 of 8"
+    > FB11025010
+    says "Reading Macro Trigger Name 7 of 8"
+    > FB11026010
+    says "Reading Macro Trigger Name 8 of 8"
+    > FB11027010
+    says "Reading macro triggers complete"
+    says "Reading inlet name(s)"
+    > FB11006010
+    > FB11007010
+    says "Reading outlet name 1 of 14"
+    > FB11008010
+    says "Reading outlet name 2 of 14"
+    > FB11009010
+    says "Reading outlet name 3 of 14"
+    > FB1100A010
+    says "Reading outlet name 4 of 14"
+    > FB1100B010
+    says "Reading outlet name 5 of 14"
+    > FB1100C010
+    says "Reading outlet name 6 of 14"
+    > FB1100D010
+    says "Reading outlet name 7 of 14"
+    > FB1100E010
+    says "Reading outlet name 8 of 14"
+    > FB1100F010
+    says "Reading outlet name 9 of 14"
+    > FB11010010
+    says "Reading outlet name 10 of 14"
+    > FB11011010
+    says "Reading outlet name 11 of 14"
+    > FB11012010
+    says "Reading outlet name 12 of 14"
+    > FB11013010
+    says "Reading outlet name 13 of 14"
+    > FB11014010
+    says "Reading outlet name 14 of 14"
+    > FB11015010
+    says "Reading channel names complete"
+    says "Downloading unit macro program 12%"
+    > 0111002010
+    says "Downloading unit macro program 19%"
+    > 0111003010
+    says "Downloading unit macro program 25%"
+    > 0111004010
+    says "Downloading unit macro program 32%"
+    > 0111005010
+    says "Downloading unit macro program 38%"
+    > 0111006010
+    says "Downloading unit macro program 44%"
+    > 0111007010
+    says "Downloading unit macro program 51%"
+    > 0111008010
+    says "Downloading unit macro program 57%"
+    > 0111009010
+    says "Downloading unit macro program 64%"
+    > 011100A010
+    says "Downloading unit macro program 70%"
+    > 011100B010
+    says "Downloading unit macro program 76%"
+    > 011100C010
+    says "Downloading unit macro program 83%"
+    > 011100D010
+    says "Downloading unit macro program 89%"
+    > 011100E010
+    says "Downloading unit macro program 96%"
+    > 011100F010
+    arrow
+    says "Download completed."
+    operation "Download Macro" complete
+    > 0131 x35
+    text "Mains": txtMainUpper
+    text "Feed A": txtMainLower
+    text "UPS": txtBackupUpper
+    text "Feed B": txtBackupLower
+    text "Router": txtOutUpper(0-1)
+    text "Switch": txtOutUpper(2-3)
+    text "Firewall": txtOutUpper(4-5)
+    text "Storage": txtOutUpper(6-7)
+    text "Server": txtOutUpper(8-10)
+    text "Radio": txtOutUpper(11)
+    text "KVM": txtOutUpper(12)
+    text "Spare": txtOutUpper(13)
+    text "Core 1": txtOutLower(0)
+    text "Core 2": txtOutLower(1)
+    text "Rack 1": txtOutLower(2)
+    text "Rack 2": txtOutLower(3)
+    text "North": txtOutLower(4)
+    text "South": txtOutLower(5)
+    text "Shelf 1": txtOutLower(6)
+    text "Shelf 2": txtOutLower(7)
+    text "Web": txtOutLower(8)
+    text "Mail": txtOutLower(9)
+    text "Backup": txtOutLower(10)
+    text "Link": txtOutLower(11)
+    text "Console": txtOutLower(12)
+    text "All on": txtMTName(0)
+    text "All off": txtMTName(1)
+    text "8 to 14 on": txtMTName(2)
+    text "7 to 1 off": txtMTName(3)
+    text "Hold": txtMTName(4)
+    text "Start again": txtMTName(5)
+    text "Spare macro 7": txtMTName(6)
+    text "Spare macro 8": txtMTName(7)
+    text "0": txtMTPage(0-7)
+    text "1A": txtMTAddress(0)
+    fore 0: txtMTAddress(0-7), txtSecondByteHex, txtSecondByteTime, txtGoTo
+    text "2A": txtMTAddress(1)
+    text "21": txtMTAddress(2)
+    text "31": txtMTAddress(3)
+    text "15": txtMTAddress(4)
+    text "10": txtMTAddress(5)
+    text "38": txtMTAddress(6-7)
+    value 1: chkMacro(0-5)
+    caption "Comms Room 2": lblTitle
+    caption "MDU Rack 4": lblTitle2
+    caption "M": lblFuseNo(14)
+    caption "B": lblFuseNo(15)
+    picture 2: pbLED(0-11 14)
+    picture 1: pbLED(15)
+    caption "Router": lblDesi(101-102)
+    caption "Switch": lblDesi(103-104)
+    caption "Firewall": lblDesi(105-106)
+    caption "Storage": lblDesi(107-108)
+    caption "Server": lblDesi(109-111)
+    caption "Radio": lblDesi(112)
+    caption "KVM": lblDesi(113)
+    caption "Spare": lblDesi(114)
+    caption "Mains": lblDesi(115)
+    caption "UPS": lblDesi(116)
+    caption "Core 1": lblDesi(201)
+    caption "Core 2": lblDesi(202)
+    caption "Rack 1": lblDesi(203)
+    caption "Rack 2": lblDesi(204)
+    caption "North": lblDesi(205)
+    caption "South": lblDesi(206)
+    caption "Shelf 1": lblDesi(207)
+    caption "Shelf 2": lblDesi(208)
+    caption "Web": lblDesi(209)
+    caption "Mail": lblDesi(210)
+    caption "Backup": lblDesi(211)
+    caption "Link": lblDesi(212)
+    caption "Console": lblDesi(213)
+    caption "Feed A": lblDesi(215)
+    caption "Feed B": lblDesi(216)
+    caption "C6": lblMem1(0)
+    caption "03": lblMem1(1), lblMem2(0)
+    caption "D2": lblMem1(2)
+    caption "D3": lblMem1(3)
+    caption "04": lblMem1(4)
+    caption "00": lblMem1(5-9), lblMem2(1 4-9)
+    caption "40": lblMem1(10)
+    caption "41": lblMem1(11)
+    caption "42": lblMem1(12)
+    caption "43": lblMem1(13)
+    caption "44": lblMem1(14)
+    caption "45": lblMem1(15)
+    caption "1A": lblMem2(2)
+    caption "2A": lblMem2(3)
+    caption "05": lblMem2(10-15)
+    caption "Alarm status Flash and Beep": lblCommand(0)
+    caption "GPI Disable": lblCommand(1)
+    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
+    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
+    caption "GPI Enable": lblCommand(4)
+    caption "Stop": lblCommand(5-9)
+    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
+    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
+    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
+    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
+    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
+    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    visible true: shpOutline(0), frmScriptEdit
+    enabled false: cmdReadLocks, cmdInsertCommand(199)
+    back 2147483663: cmdDownload, cmdUpload
+    enabled true: timUpdate
+    false: MacroChanged
+    16: MemPointer, ListTop
+    C6 03: image(10)
+    03 00: image(11)
+    D2 1A: image(12)
+    D3 2A: image(13)
+    04 00: image(14)
+    40 05: image(1A)
+    41 05: image(1B)
+    42 05: image(1C)
+    43 05: image(1D)
+    44 05: image(1E)
+    45 05: image(1F)
+    46 05: image(20)
+    47 05: image(21)
+    48 05: image(22)
+    49 05: image(23)
+    4A 05: image(24)
+    4B 05: image(25)
+    4C 05: image(26)
+    4D 05: image(27)
+    3D 05: image(2A)
+    3C 05: image(2B)
+    3B 05: image(2C)
+    3A 05: image(2D)
+    39 05: image(2E)
+    38 05: image(2F)
+    37 05: image(30)
+    36 05: image(31)
+    35 05: image(32)
+    34 05: image(33)
+    33 05: image(34)
+    32 05: image(35)
+    31 05: image(36)
+    30 05: image(37)
 set timUpdate enabled false
     enabled false: timUpdate
 quietly wait 300

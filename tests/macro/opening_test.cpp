@@ -1,42 +1,10 @@
 #include "editor_test_support.h"
-#include "link/frame.h"
 #include "macro/instruction_set.h"
 
 namespace kestrane {
 namespace {
 
 class Opening : public testing::Test, public EditorOnUnit {};
-
-TEST_F(Opening, AsksForStatusTriggersNamesAndProgramInThisOrder) {
-    ReadSettings();
-    world.tcpsend.ClearSent();
-    std::vector<std::string> kinds;
-    OpenEditor::InEditor(
-        [&] {
-            for (std::string frame : world.tcpsend.sent()) {
-                RemoveEscapes(frame);
-                const std::string kind = HexText(frame.substr(3, 2));
-                if (kinds.empty() || kinds.back() != kind) kinds.push_back(kind);
-            }
-            // Status; triggers from 0x0200, names from 0x0060 and 0x0100; program; polls.
-            ASSERT_GE(kinds.size(), 6u);
-            EXPECT_EQ(kinds[0].substr(0, 2), "31");
-            EXPECT_EQ(std::vector(kinds.begin() + 1, kinds.begin() + 5),
-                      (std::vector<std::string>{"1102", "1100", "1101", "1100"}));
-            EXPECT_EQ(kinds[5].substr(0, 2), "31");
-            EXPECT_EQ(EditorProgram(), UnitProgram());
-            EXPECT_EQ(editor.lblTitle.Caption(), Trim(network.txtUnitLocation.Text()));
-            EXPECT_EQ(editor.lblTitle2.Caption(), Trim(network.txtUnitName.Text()));
-            EXPECT_NE(editor.lblTitle2.Caption(), "Unit Name");
-            EXPECT_EQ(editor.lblDesi(115).Caption(), form.names.txtMainUpper.Text());
-            EXPECT_EQ(editor.lblDesi(216).Caption(), form.names.txtBackupLower.Text());
-            EXPECT_EQ(editor.lblDesi(114).Caption(), form.names.txtOutUpper(13).Text());
-            EXPECT_NE(editor.lblDesi(101).Caption(), "");
-            EXPECT_NE(form.triggers.txtMTName(0).Text(), "");
-            EXPECT_TRUE(editor.timUpdate.Enabled());
-        },
-        kOpening);
-}
 
 TEST_F(Opening, TakesNamesAndTriggersThatAreThere) {
     ReadSettings();
@@ -89,10 +57,10 @@ TEST(EditorLayout, FollowsTheUnitType) {
     }
 }
 
-class OpeningOffline : public testing::Test, public OpenEditor<ToolOnLine> {};
-
 // The form is complete by name, and each name leads to its own control.
-TEST_F(OpeningOffline, FindsEachControlByItsName) {
+TEST(EditorForm, FindsEachControlByItsName) {
+    ToolOnLine tool;
+    ScriptEditForm& editor = tool.tool.script_edit_form;
     std::size_t buttons = 0;
     for (Control* control : editor.controls()) EXPECT_EQ(editor.Find(control->name()), control);
     for (int opcode = 0; opcode < 256; ++opcode) {

@@ -1,4 +1,5 @@
 #include "support/stories.h"
+
 #include "support/tool_player.h"
 
 namespace kestrane {

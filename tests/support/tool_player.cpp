@@ -307,7 +307,8 @@ class Player : private ScreenListener, private JournalObserver {
         if (verb == "state") {
             return world_.tcpsend.ForceState(static_cast<SocketState>(std::stoi(words.at(1))));
         }
-        if (verb == "cat") return ShowFile(words.at(1));
+        if (verb == "cat") return ShowFile(words.at(1), 1000);
+        if (verb == "head") return ShowFile(words.at(1), std::stoi(words.at(2)));
         if (verb == "image") {
             auto& image = tool_->macro_editor.state().image;
             const auto at = static_cast<std::size_t>(2 * std::stoi(words.at(1), nullptr, 16));
@@ -347,9 +348,10 @@ class Player : private ScreenListener, private JournalObserver {
         }
     }
 
-    void ShowFile(const std::string& path) {
+    void ShowFile(const std::string& path, int most) {
         std::istringstream lines(world_.disk.files.at(path));
-        for (std::string line; std::getline(lines, line);) log_.push_back(Quoted(line));
+        for (std::string line; most-- > 0 && std::getline(lines, line);)
+            log_.push_back(Quoted(line));
     }
     void Show(const std::string& name, const std::string& property) {
         for (const Entry& entry : Look()) {
