@@ -346,6 +346,7 @@ close
     enabled false: chkMacro(0 2-7), timUpdate, timUDColour
     enabled true: cmdWriteMacroTriggers
     focus none: frmScriptEdit
+    visible false: frmScriptEdit
     false: MacroTriggersChanged
     00 00: image(40-41)
 
