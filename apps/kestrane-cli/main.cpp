@@ -76,10 +76,15 @@ std::optional<int> CheckMany(CommandLine& line) {
         ScriptedOperator scripted;
         Tool tool(host.With(scripted, scripted, scripted), line.options.tool_options());
         tool.Start();
-        const std::string problem = line.chosen->Check(tool);
-        if (!problem.empty()) complain(prefix + problem);
+        std::string problem = line.chosen->Check(tool);
         faults = line.chosen->FileFaults();
         for (const std::string& fault : faults) WriteLine(stderr, fault);
+        const std::string folder = line.chosen->FolderForUnits();
+        if (problem.empty() && faults.empty() && !folder.empty()) {
+            const auto why = host.disk.MakeFolder(folder);
+            if (why) problem = "cannot write files into " + folder + ": " + *why;
+        }
+        if (!problem.empty()) complain(prefix + problem);
         if (!problem.empty()) return kExitUsage;
     }
     return faults.empty() ? std::nullopt : std::optional<int>(kExitUsage);

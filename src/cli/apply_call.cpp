@@ -33,6 +33,7 @@ class WritingCall : public Call {
     bool Writes() const override { return true; }
     bool PrintsJson() const override { return json_; }
     bool TakesManyUnits() const override { return true; }
+    std::string FolderForUnits() const override { return undo_file_; }
 
     // With the unit's own values; --undo names a folder then.
     void UseUnit(const FleetUnit& unit) {
@@ -365,6 +366,7 @@ class BackupCall : public Call {
         return CopyForUnit(*this, unit);
     }
     bool TakesManyUnits() const override { return true; }
+    std::string FolderForUnits() const override { return folder_; }
     void UseUnit(const FleetUnit& unit) {
         if (!folder_.empty()) path_ = folder_ + "/" + FileNameOf(unit);
     }
@@ -387,6 +389,10 @@ class BackupCall : public Call {
     }
 
     int Run(CallContext& context) override {
+        if (!folder_.empty() && path_.empty()) {
+            context.complain("--into needs --units; name a file for one unit");
+            return kExitUsage;
+        }
         UnitSession session(context.tool, context.options.timeout_limit());
         const InterruptHandler handler(context, [&session] { session.Interrupt(); });
         const Backup backup = ReadBackup(session, secrets_);

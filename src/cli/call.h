@@ -95,6 +95,8 @@ class Call {
     // unit alone.
     virtual std::unique_ptr<Call> ForUnit(const FleetUnit& /*unit*/) const { return nullptr; }
     virtual bool TakesManyUnits() const { return false; }
+    // The folder that takes a file of each unit; empty for none.
+    virtual std::string FolderForUnits() const { return {}; }
     virtual bool PrintsJson() const { return false; }
     // It writes: a unit that failed is reason enough to begin no other.
     virtual bool Writes() const { return false; }

@@ -100,6 +100,8 @@ int FleetRun::Work(UnitRun& run) try {
                         [&run](const std::string& line) { run.complaints.push_back(line); },
                         {},
                         [&run](const Json& result) { run.result = result; }};
+    // What is wrong with a file was said once, before the first connection.
+    context.error_line = [](const std::string&) {};
     const std::string problem = run.call->Check(*tool);
     if (!problem.empty()) {
         context.complain(problem);

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 
 #include "host/beside_file.h"
 #include "host/descriptor.h"
@@ -140,6 +141,14 @@ std::optional<std::string> Disk::WhyNotWritable(const std::string& path) {
     if (target.path.empty()) return ReasonOf(ENOENT);
     if (target.path.back() == '/') return ReasonOf(EISDIR);
     return ReasonOf(Access(FolderOf(target.path) + ".", W_OK | X_OK));
+}
+
+std::optional<std::string> Disk::MakeFolder(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (error) return error.message();
+    if (!std::filesystem::is_directory(path, error)) return ReasonOf(ENOTDIR);
+    return ReasonOf(Access(path, W_OK | X_OK));
 }
 
 }  // namespace kestrane

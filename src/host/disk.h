@@ -12,6 +12,7 @@ class Disk : public FileStore {
     std::optional<std::string> Replace(const std::string& path, std::string_view content,
                                        Readers readers) override;
     std::optional<std::string> WhyNotWritable(const std::string& path) override;
+    std::optional<std::string> MakeFolder(const std::string& path) override;
 };
 
 }  // namespace kestrane

@@ -37,6 +37,9 @@ class FileStore {
 
     // Why Replace would fail, as far as that can be seen without writing.
     virtual std::optional<std::string> WhyNotWritable(const std::string& path) = 0;
+
+    // Makes a folder, and those above it, unless it is there. Returns why not.
+    virtual std::optional<std::string> MakeFolder(const std::string& path) = 0;
 };
 
 }  // namespace kestrane

@@ -95,6 +95,14 @@ TEST_F(DiskTest, TellsWhyAPathCannotBeReadOrWritten) {
     }
 }
 
+TEST_F(DiskTest, MakesAFolderWithThoseAboveItOrTellsWhyNot) {
+    EXPECT_EQ(disk.MakeFolder(Path("deep/er")), std::nullopt);
+    EXPECT_EQ(disk.MakeFolder(Path("deep/er")), std::nullopt);
+    EXPECT_EQ(Replace(Path("deep/er/file"), "x"), "");
+    EXPECT_EQ(disk.MakeFolder(Path("deep/er/file")), "Not a directory");
+    EXPECT_EQ(disk.MakeFolder(Path("deep/er/file/below")), "Not a directory");
+}
+
 TEST_F(DiskTest, KeepsTheOldFileUntilTheNewOneIsComplete) {
     const std::string old(3000, 'o');
     const std::string longer(9000, 'n');

@@ -48,6 +48,10 @@ std::optional<std::string> MemoryDisk::WhyNotWritable(const std::string& path) {
     return fault->second;
 }
 
+std::optional<std::string> MemoryDisk::MakeFolder(const std::string& path) {
+    return WhyNotWritable(path);
+}
+
 void SeededRandom::Seed() {
     ++seedings_;
     engine_.seed(static_cast<std::uint64_t>(seedings_));

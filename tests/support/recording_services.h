@@ -73,6 +73,7 @@ class MemoryDisk : public FileStore {
     std::optional<std::string> Replace(const std::string& path, std::string_view content,
                                        Readers readers) override;
     std::optional<std::string> WhyNotWritable(const std::string& path) override;
+    std::optional<std::string> MakeFolder(const std::string& path) override;
 
     std::map<std::string, std::string> files;
     std::set<std::string> owner_only;
