@@ -13,6 +13,8 @@ namespace {
 constexpr int kSign = 11;
 constexpr int kMarginOfSigns = kSmallGap + 3 * kSign + 2;
 
+constexpr QChar kEllipsis(0x2026);
+
 QColor Faint(QColor colour, float opacity) {
     colour.setAlphaF(opacity);
     return colour;
@@ -27,9 +29,10 @@ void ListingRow::AddCell(QLabel* cell, int width) {
 }
 
 void ListingRow::SetMarks(const RowMarks& marks) {
-    if (marks_ == marks) return;
+    const bool same = marks_ == marks;
     marks_ = marks;
-    update();
+    PlaceText();
+    if (!same) update();
 }
 
 QSize ListingRow::sizeHint() const {
@@ -46,12 +49,29 @@ QSize ListingRow::sizeHint() const {
 void ListingRow::resizeEvent(QResizeEvent*) {
     int left = kMarginOfSigns + kSmallGap;
     for (const Cell& cell : cells_) {
-        const bool last = &cell == &cells_.back();
-        const int room = last ? std::max(cell.width, width() - left - kSmallGap) : cell.width;
-        cell.label->setFixedSize(room, height());
+        cell.label->setFixedSize(cell.width, height());
         cell.label->move(left, 0);
         left += cell.width + kGap;
     }
+    PlaceText();
+}
+
+// Names and text share a row that is too short for both: the names get two fifths at most.
+void ListingRow::PlaceText() {
+    if (cells_.empty()) return;
+    QLabel& text = *cells_.back().label;
+    const int room = width() - text.x() - kSmallGap;
+    const int whole = text.fontMetrics().horizontalAdvance(text.text());
+    int width = room;
+    if (!marks_.names.isEmpty()) {
+        const int names = QFontMetrics(NamesFont()).horizontalAdvance(marks_.names) + 2 * kGap;
+        width -= std::min(names, std::max(room * 2 / 5, room - whole));
+    }
+    const bool cut = whole > width;
+    if (cut) width -= text.fontMetrics().horizontalAdvance(kEllipsis);
+    if (cut != text_is_cut_) update();
+    text_is_cut_ = cut;
+    if (text.size() != QSize(width, height())) text.setFixedSize(width, height());
 }
 
 void ListingRow::paintEvent(QPaintEvent* event) {
@@ -108,18 +128,30 @@ void ListingRow::PaintMargin(QPainter& painter) const {
     painter.drawEllipse(QPointF(left + 4, middle), 3, 3);
 }
 
-// To the right, in what the text leaves free.
-void ListingRow::PaintNames(QPainter& painter) const {
-    if (marks_.names.isEmpty() || cells_.empty()) return;
-    const QLabel& text = *cells_.back().label;
-    const int used = text.fontMetrics().horizontalAdvance(text.text());
-    const QRect room(text.x() + used + kGap, 0, width() - text.x() - used - 2 * kGap, height());
+QFont ListingRow::NamesFont() const {
     QFont italic = font();
     italic.setItalic(true);
-    painter.setFont(italic);
+    return italic;
+}
+
+// To the right, in what the text leaves free.
+void ListingRow::PaintNames(QPainter& painter) const {
+    if (cells_.empty()) return;
+    const QLabel& text = *cells_.back().label;
+    QRect room(text.geometry().right() + 1, 0, width() - text.geometry().right() - kGap, height());
+    if (text_is_cut_) {
+        painter.setFont(text.font());
+        painter.setPen(text.palette().color(QPalette::WindowText));
+        painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, QString(kEllipsis));
+        room.setLeft(room.left() + text.fontMetrics().horizontalAdvance(kEllipsis));
+    }
+    if (marks_.names.isEmpty()) return;
+    const int whole = text.fontMetrics().horizontalAdvance(text.text());
+    room.setLeft(std::min(room.left(), text.x() + whole) + kGap);
+    painter.setFont(NamesFont());
     painter.setPen(Readable(ChangedColour(palette()), palette().color(QPalette::Base)));
     painter.drawText(room, Qt::AlignVCenter | Qt::AlignRight,
-                     QFontMetrics(italic).elidedText(marks_.names, Qt::ElideRight, room.width()));
+                     painter.fontMetrics().elidedText(marks_.names, Qt::ElideRight, room.width()));
 }
 
 }  // namespace kestrane

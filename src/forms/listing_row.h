@@ -29,6 +29,8 @@ class ListingRow : public RowView {
 
     void SetMarks(const RowMarks& marks);
     const RowMarks& marks() const { return marks_; }
+    // The names have taken room that the text needs.
+    bool TextIsCut() const { return text_is_cut_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -43,12 +45,16 @@ class ListingRow : public RowView {
         int width;
     };
 
+    // Gives the last cell what the names leave.
+    void PlaceText();
+    QFont NamesFont() const;
     void PaintGround(QPainter& painter) const;
     void PaintMargin(QPainter& painter) const;
     void PaintNames(QPainter& painter) const;
 
     std::vector<Cell> cells_;
     RowMarks marks_;
+    bool text_is_cut_ = false;
 };
 
 }  // namespace kestrane

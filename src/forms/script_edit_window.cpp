@@ -15,7 +15,7 @@ namespace kestrane {
 namespace {
 
 // As long as decoded texts usually get.
-constexpr char kLongText[] = "Turn off outlet 14 after fixed delay of 6300.0";
+constexpr char kLongText[] = "Turn off outlet  14 after 0.5 seconds, skip if already off";
 
 void AddCell(Mirror& mirror, ListingRow& row, Label& label, const char* widest) {
     QLabel* cell = mirror.Make(label);
@@ -360,8 +360,10 @@ std::string ScriptEditWindow::TipOf(const Control& control) const {
 
 std::string ScriptEditWindow::TipOfLine(int row) const {
     const auto address = static_cast<std::uint8_t>(editor_.state().ListTop + row);
-    std::string tip = editor_.edits().NamesAt(address);
+    std::string tip;
     const auto add = [&tip](const std::string& line) { tip += (tip.empty() ? "" : "\n") + line; };
+    if (rows_[static_cast<std::size_t>(row)]->TextIsCut()) add(form_.lblCommand(row).Caption());
+    if (const std::string names = editor_.edits().NamesAt(address); !names.empty()) add(names);
     if (const auto found = findings_.find(address); found != findings_.end()) {
         for (const Finding& finding : found->second) add(finding.text);
     }

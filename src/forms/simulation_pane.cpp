@@ -3,6 +3,8 @@
 #include <QButtonGroup>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <algorithm>
 
 #include "forms/latin1.h"
@@ -58,6 +60,27 @@ QString SecondsShown(Milliseconds time) {
     return clock + QStringLiteral(".%1").arg(time.count() % 1000, 3, 10, QLatin1Char('0'));
 }
 
+// Down shows in the colour of a selection: a mere shade of grey is lost on a dark ground.
+class ToggleButton : public QPushButton {
+  public:
+    explicit ToggleButton(const QString& text) : QPushButton(text) {
+        setCheckable(true);
+        setAutoDefault(false);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        if (isChecked()) {
+            option.palette.setColor(QPalette::Button, palette().color(QPalette::Highlight));
+            option.palette.setColor(QPalette::ButtonText,
+                                    palette().color(QPalette::HighlightedText));
+        }
+        QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
+    }
+};
+
 // A step of the time axis that leaves room for its numbers.
 qint64 AxisStep(qint64 span) {
     for (const qint64 step : {1000, 2000, 5000, 10'000, 30'000, 60'000, 300'000, 600'000}) {
@@ -109,7 +132,7 @@ int SimulationView::RowTop(int track) const {
 void SimulationView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Base));
-    const QRect area = rect().adjusted(kNameWidth, 0, -kGap, -kAxis);
+    const QRect area = rect().adjusted(kNameWidth, 0, -kAxis, -kAxis);
     const QColor text = palette().color(QPalette::Text);
     QColor grid = text;
     grid.setAlphaF(0.15f);
@@ -144,20 +167,24 @@ void SimulationView::PaintTrack(QPainter& painter, int track, const QRect& area)
                                              : GoodColour(palette());
     QColor ground = on;
     ground.setAlphaF(0.45f);
+    QColor off = palette().color(QPalette::Text);
+    off.setAlphaF(0.5f);
     const qint64 span = span_.count();
     const qint64 begin = std::max<qint64>(0, now_.count() - span);
     const auto x_of = [&](qint64 at) {
         const qint64 inside = std::clamp(at, begin, begin + span) - begin;
         return area.left() + static_cast<int>(inside * area.width() / span);
     };
-    for (std::size_t i = 0; i < moments_.size(); ++i) {
-        const qint64 from = moments_[i].from.count();
-        const qint64 to = i + 1 < moments_.size() ? moments_[i + 1].from.count() : now_.count();
+    const auto is_on = [&](std::size_t i) { return (moments_[i].tracks >> track & 1) != 0; };
+    for (std::size_t i = 0; i < moments_.size();) {
+        const std::size_t first = i;
+        while (i < moments_.size() && is_on(i) == is_on(first)) ++i;
+        const qint64 to = i < moments_.size() ? moments_[i].from.count() : now_.count();
         if (to < begin) continue;
-        const int left = x_of(from);
+        const int left = x_of(moments_[first].from.count());
         const int right = x_of(to);
-        if ((moments_[i].tracks >> track & 1) == 0) {
-            painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+        if (!is_on(first)) {
+            painter.setPen(off);
             painter.drawLine(left, top + kRow - 3, right, top + kRow - 3);
             continue;
         }
@@ -185,12 +212,14 @@ SimulationPane::SimulationPane(Source source, QWidget* owner)
 
 QLayout* SimulationPane::Controls() {
     auto* row = Row();
-    const auto button = [this, row](const char* text, auto handler) {
-        auto* made = new QPushButton(QLatin1String(text));
+    const auto add = [this, row](QPushButton* made, auto handler) {
         made->setAutoDefault(false);
         row->addWidget(made);
         QObject::connect(made, &QPushButton::clicked, this, handler);
         return made;
+    };
+    const auto button = [&add](const char* text, auto handler) {
+        return add(new QPushButton(QLatin1String(text)), handler);
     };
     play_ = button("Play", [this] { SetPlaying(!playing()); });
     play_->setMinimumWidth(play_->fontMetrics().horizontalAdvance(QStringLiteral("Pause")) + 30);
@@ -199,12 +228,10 @@ QLayout* SimulationPane::Controls() {
     row->addSpacing(kGap);
     auto* speeds = new QButtonGroup(this);
     for (const int speed : {1, 10, 100}) {
-        QPushButton* choice = button("", [this, speed] {
+        auto* choice = add(new ToggleButton(QStringLiteral("%1x").arg(speed)), [this, speed] {
             speed_ = speed;
             Show();
         });
-        choice->setText(QStringLiteral("%1x").arg(speed));
-        choice->setCheckable(true);
         choice->setChecked(speed == 1);
         speeds->addButton(choice);
     }
@@ -223,10 +250,8 @@ QLayout* SimulationPane::Inputs() {
     auto* row = Row();
     row->addWidget(Caption(QStringLiteral("From outside:")));
     const auto add = [this, row](const QString& text, const Input& input) {
-        auto* made = new QPushButton(text);
+        auto* made = new ToggleButton(text);
         made->setObjectName(text);
-        made->setCheckable(true);
-        made->setAutoDefault(false);
         made->setToolTip(QStringLiteral("Pressed: on, high or present"));
         row->addWidget(made);
         inputs_.push_back(made);

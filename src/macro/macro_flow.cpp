@@ -1,5 +1,6 @@
 #include "macro/macro_flow.h"
 
+#include <algorithm>
 #include <bitset>
 
 #include "macro/instruction_set.h"
@@ -66,9 +67,9 @@ class Flow {
             if (const auto target = Target(trigger)) Enter(*target);
         }
         while (!to_visit_.empty()) {
-            const std::size_t address = to_visit_.back();
+            const Arrival arrival = to_visit_.back();
             to_visit_.pop_back();
-            Leave(address);
+            Leave(arrival);
         }
     }
 
@@ -83,6 +84,11 @@ class Flow {
     }
 
   private:
+    struct Arrival {
+        std::size_t address;
+        unsigned just_on;
+    };
+
     // Where an enabled trigger goes to.
     static std::optional<std::size_t> Target(const std::optional<MacroProgram::Trigger>& trigger) {
         if (!trigger || !trigger->row.enabled) return std::nullopt;
@@ -101,19 +107,25 @@ class Flow {
 
     // Comes to an address with these outlets switched on in the same instant.
     void Enter(std::size_t address, unsigned just_on = 0) {
-        if (reached_.test(address) && (just_on & ~just_on_[address]) == 0) return;
+        // Real programs have one or two; beyond this many a further way tells nothing new.
+        constexpr std::size_t kMostWays = 32;
+        std::vector<unsigned>& ways = just_on_[address];
+        if (ways.size() == kMostWays ||
+            std::find(ways.begin(), ways.end(), just_on) != ways.end()) {
+            return;
+        }
         reached_.set(address);
-        just_on_[address] |= just_on;
-        to_visit_.push_back(address);
+        ways.push_back(just_on);
+        to_visit_.push_back({address, just_on});
     }
-    void Leave(std::size_t address) {
-        const Step& step = steps_[address];
-        for (const std::size_t next : Next(address)) Enter(next, JustOnAfter(address));
+    void Leave(const Arrival& arrival) {
+        const Step& step = steps_[arrival.address];
+        for (const std::size_t next : Next(arrival.address)) Enter(next, JustOnAfter(arrival));
         if (step.effect == Effect::kSetsInterrupt && step.target) Enter(*step.target);
     }
-    unsigned JustOnAfter(std::size_t address) const {
-        const Step& step = steps_[address];
-        const unsigned before = step.Waits() ? 0 : just_on_[address];
+    unsigned JustOnAfter(const Arrival& arrival) const {
+        const Step& step = steps_[arrival.address];
+        const unsigned before = step.Waits() ? 0 : arrival.just_on;
         if (step.TurnsOn()) return before | step.outlets;
         return step.TurnsOff() ? before & ~step.outlets : before;
     }
@@ -137,8 +149,8 @@ class Flow {
     const MacroProgram& program_;
     std::array<Step, kEnd> steps_;
     Addresses reached_;
-    std::array<unsigned, kEnd> just_on_{};
-    std::vector<std::size_t> to_visit_;
+    std::array<std::vector<unsigned>, kEnd> just_on_;  // of each way to an address
+    std::vector<Arrival> to_visit_;
     std::vector<Finding> findings_;
 };
 
@@ -216,8 +228,11 @@ void Flow::FindInrush() {
         const Step& step = steps_[a];
         if (!reached_.test(a) || !step.TurnsOn() || TimeTenths(step.second) > 0) continue;
         const bool all = step.outlets == kAllOutlets;
-        const bool joins = (just_on_[a] & step.outlets) == 0 && just_on_[a] != 0;
-        if (!all && !(joins && step.outlets != 0)) continue;
+        const bool joins =
+            std::any_of(just_on_[a].begin(), just_on_[a].end(), [&step](unsigned just_on) {
+                return just_on != 0 && step.outlets != 0 && (just_on & step.outlets) == 0;
+            });
+        if (!all && !joins) continue;
         Add(a, "inrush",
             all ? "all outlets are switched on in the same instant"
                 : "this outlet is switched on in the same instant as another; give it a delay");

@@ -37,6 +37,11 @@ check trigger 1 "A" disabled 41\nStop
 check GPI1 LOW INT 41\nStop
     unprogrammed: line 1, column 1: warning: address 10: address 41 was never programmed
 check BYTES 64 41\nStop
+check ON 1 1\nagain: ON 2 0\nON 3 0\nON 3 1 ALWAYS\nGOTO again
+    inrush: line 2, column 8: warning: address 11: this outlet is switched on in the same instant as another; give it a delay
+    inrush: line 3, column 1: warning: address 12: this outlet is switched on in the same instant as another; give it a delay
+check again: ON 2 0\nGOTO again
+    no-wait: line 1, column 8: warning: address 10: the loop from here to 11 never waits
 check ON 1 1\nON 2 0\nStop
     inrush: line 2, column 1: warning: address 11: this outlet is switched on in the same instant as another; give it a delay
 check ON 1 1\nON 2 0.1\nStop
