@@ -1,8 +1,6 @@
 #include "features/net_grab.h"
 
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <utility>
 
 namespace kestrane {
@@ -45,12 +43,7 @@ void NetGrab::End() {
 }
 
 bool NetGrab::SaveAs(const std::string& file_name) const {
-    if (bytes_.empty()) return false;
-    std::remove(file_name.c_str());
-    std::ofstream file(file_name, std::ios::binary);
-    file.write(bytes_.data(), static_cast<std::streamsize>(bytes_.size()));
-    file.close();
-    return !file.fail();
+    return !bytes_.empty() && !disk_.Replace(file_name, bytes_, FileStore::Readers::kEveryone);
 }
 
 }  // namespace kestrane

@@ -1,7 +1,7 @@
 #pragma once
 
-// Fetches one URL into memory in the background and tells its owner by events, which come from
-// the event loop. A new start ends a fetch under way.
+// Fetches one URL into memory in the background and calls its owner back, from the event loop. A
+// new start ends a fetch under way.
 
 #include <cstdint>
 #include <functional>
@@ -16,7 +16,8 @@ class NetGrab {
     // The mode in which no cached copy is used.
     static constexpr int kForcedRefresh = 16;
 
-    explicit NetGrab(const Platform& platform) : http_(platform.http), clock_(platform.clock) {}
+    explicit NetGrab(const Platform& platform)
+        : http_(platform.http), clock_(platform.clock), disk_(platform.disk) {}
     ~NetGrab() { http_.Cancel(); }
     NetGrab(const NetGrab&) = delete;
     NetGrab& operator=(const NetGrab&) = delete;
@@ -25,7 +26,7 @@ class NetGrab {
     std::function<void(int ErrNum, const std::string& ErrDesc)> Failed;
     std::function<void(std::size_t nBytes)> Progress;
 
-    // The tick of the start tells, so a fetch begun at tick 0 reads as not busy.
+    // By the tick of the start, so that a fetch begun at tick 0 reads as not busy.
     bool Busy() const { return start_tick_ != 0; }
     bool LastFailed() const { return last_failed_; }
     // What the last finished fetch brought, and its milliseconds.
@@ -43,6 +44,7 @@ class NetGrab {
 
     HttpReader& http_;
     const Clock& clock_;
+    FileStore& disk_;
     std::uint32_t start_tick_ = 0;
     std::uint32_t duration_ = 0;
     bool last_failed_ = false;

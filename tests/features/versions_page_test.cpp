@@ -4,10 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
-#include <sstream>
-
 #include "features/net_grab.h"
 #include "support/virtual_platform.h"
 
@@ -116,18 +112,15 @@ TEST_F(NetGrabTest, TicksMayWrapAndMayBeNought) {
 }
 
 TEST_F(NetGrabTest, SavesItsBytesInPlaceOfAFile) {
-    const std::string path = testing::TempDir() + "net_grab_test.bin";
-    EXPECT_FALSE(grab_.SaveAs(path));
+    world_.disk.files["page"] = "something longer than that";
+    EXPECT_FALSE(grab_.SaveAs("page")) << "nothing has been fetched";
     grab_.DownloadStart("http://a", 0);
     world_.http.Complete(std::string("a\r\n\0b", 5));
     world_.RunFor(Milliseconds{1});
-    std::ofstream(path) << "something longer than that";
-    EXPECT_TRUE(grab_.SaveAs(path));
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    EXPECT_EQ(content.str(), std::string("a\r\n\0b", 5));
-    std::remove(path.c_str());
-    EXPECT_FALSE(grab_.SaveAs(testing::TempDir() + "no/such/folder/file"));
+    EXPECT_TRUE(grab_.SaveAs("page"));
+    EXPECT_EQ(world_.disk.files["page"], std::string("a\r\n\0b", 5));
+    world_.disk.faults["full"] = "No space left on device";
+    EXPECT_FALSE(grab_.SaveAs("full"));
 }
 
 }  // namespace
