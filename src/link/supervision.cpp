@@ -234,12 +234,9 @@ void Supervision::DisableWhatNeedsALink() {
     session_.MacroTriggersRead = false;
     session_.OneWireRead = false;
     session_.ChangeoverRead = false;
-    for (Frame* frame :
-         {&net.fraFixedIPSettings, &net.fraNetworkSettings, &net.fraTCPports, &net.fraARP,
-          &form_.privileges.fraTcpControlSettings, &net.fraSnmpSettings, &net.fraArmButtons,
-          &form_.security.fraSecuritySettings, &form_.names.fraInletNames,
-          &form_.names.fraOutletNames, &form_.triggers.fraMacroTrigger, &net.fraMiscOptions,
-          &net.fraOledTimeout, &net.fraUnitID}) {
+    for (Frame* frame : SettingsFrames(form_)) frame->SetEnabled(false);
+    for (Frame* frame : {&net.fraFixedIPSettings, &form_.names.fraInletNames,
+                         &form_.names.fraOutletNames, &form_.triggers.fraMacroTrigger}) {
         frame->SetEnabled(false);
     }
     net.cmdUnitID.SetEnabled(false);

@@ -27,6 +27,14 @@ void DisableFrames(MainForm& form) {
     }
 }
 
+std::array<Frame*, 10> SettingsFrames(MainForm& form) {
+    NetworkTab& net = form.network;
+    return {&net.fraNetworkSettings, &net.fraTCPports, &net.fraARP,
+            &form.privileges.fraTcpControlSettings, &form.security.fraSecuritySettings,
+            &net.fraMiscOptions, &net.fraOledTimeout, &net.fraSnmpSettings, &net.fraArmButtons,
+            &net.fraUnitID};
+}
+
 void SetTabsEnabled(MainForm& form, bool enabled) {
     for (int tab = 0; tab < form.SSTab1.TabCount(); ++tab) form.SSTab1.SetTabEnabled(tab, enabled);
 }

@@ -2,6 +2,7 @@
 
 // What several topics do to the main form: labels on and off, the screen's data cleared.
 
+#include <array>
 #include <string>
 
 #include "screen/main_form.h"
@@ -16,6 +17,10 @@ void EnableLabels(MainForm& form, const std::string& framename);
 
 // Disables every frame of the main form, nested ones too.
 void DisableFrames(MainForm& form);
+
+// The frames in which the network settings are edited, on whichever tab they stand. The one of the
+// fixed addresses, which has rules of its own, is not among them.
+std::array<Frame*, 10> SettingsFrames(MainForm& form);
 
 // Every tab of SSTab1 on or off.
 void SetTabsEnabled(MainForm& form, bool enabled);

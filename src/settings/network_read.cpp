@@ -228,13 +228,7 @@ bool NetworkRead::TakeKey(int index) {
 }
 
 void NetworkRead::EnableSettings() {
-    for (Frame* frame :
-         {&tab_.fraNetworkSettings, &tab_.fraTCPports, &tab_.fraARP,
-          &form_.privileges.fraTcpControlSettings, &form_.security.fraSecuritySettings,
-          &tab_.fraMiscOptions, &tab_.fraOledTimeout, &tab_.fraSnmpSettings, &tab_.fraArmButtons,
-          &tab_.fraUnitID}) {
-        frame->SetEnabled(true);
-    }
+    for (Frame* frame : SettingsFrames(form_)) frame->SetEnabled(true);
     tab_.cmdWriteNetworkSettings.SetEnabled(true);
     tab_.cmdResetEthernet.SetEnabled(true);
     session_.PasswordConfirmed = 1;

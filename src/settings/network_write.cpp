@@ -56,11 +56,9 @@ void NetworkWrite::cmdWriteNetworkSettings_Click() {
 }
 
 void NetworkWrite::DisableSettings() {
+    for (Frame* frame : SettingsFrames(form_)) frame->SetEnabled(false);
     for (Control* control : std::initializer_list<Control*>{
-             &tab_.fraNetworkSettings, &tab_.fraTCPports, &tab_.fraARP,
-             &form_.privileges.fraTcpControlSettings, &form_.security.fraSecuritySettings,
-             &tab_.fraTimeServer, &tab_.fraMiscOptions, &tab_.fraOledTimeout, &tab_.fraSnmpSettings,
-             &tab_.fraArmButtons, &tab_.fraUnitID, &tab_.cmdUnitID, &tab_.cmdReadNetworkSettings,
+             &tab_.fraTimeServer, &tab_.cmdUnitID, &tab_.cmdReadNetworkSettings,
              &tab_.cmdWriteNetworkSettings, &tab_.cmdResetEthernet, &form_.cmdHelp}) {
         control->SetEnabled(false);
     }
@@ -178,16 +176,12 @@ std::optional<std::string> NetworkWrite::LimitsBlock(const std::string& communit
     return block + Bytes({*stored_arp});
 }
 
-// The button of the unit ID is not among them: it waits for an edit of its box.
+// The button of the unit ID stays off: it waits for an edit of its box.
 void NetworkWrite::EnableSettings() {
-    for (Control* control : std::initializer_list<Control*>{
-             &tab_.fraNetworkSettings, &tab_.fraTCPports, &tab_.fraARP,
-             &form_.privileges.fraTcpControlSettings, &form_.security.fraSecuritySettings,
-             &tab_.fraTimeServer, &tab_.fraMiscOptions, &tab_.fraOledTimeout, &tab_.fraSnmpSettings,
-             &tab_.fraArmButtons, &tab_.cmdWriteNetworkSettings, &tab_.cmdResetEthernet,
-             &tab_.fraUnitID}) {
-        control->SetEnabled(true);
-    }
+    for (Frame* frame : SettingsFrames(form_)) frame->SetEnabled(true);
+    tab_.fraTimeServer.SetEnabled(true);
+    tab_.cmdWriteNetworkSettings.SetEnabled(true);
+    tab_.cmdResetEthernet.SetEnabled(true);
 }
 
 }  // namespace kestrane

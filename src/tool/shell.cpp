@@ -57,14 +57,11 @@ void Shell::EnableFramesOfTab(int tab) {
         Control* focus;
     };
     const bool admin = session_.AdminLoggedIn;
+    const auto frames = SettingsFrames(form_);
+    std::vector<Frame*> settings(frames.begin(), frames.end());
+    settings.push_back(&net.fraFixedIPSettings);
     const Row rows[] = {
-        {0,
-         admin,
-         {&net.fraNetworkSettings, &net.fraTCPports, &net.fraARP,
-          &form_.privileges.fraTcpControlSettings, &form_.security.fraSecuritySettings,
-          &net.fraMiscOptions, &net.fraOledTimeout, &net.fraSnmpSettings, &net.fraArmButtons,
-          &net.fraUnitID, &net.fraFixedIPSettings},
-         &net.txtIPAddress},
+        {0, admin, settings, &net.txtIPAddress},
         {1, admin, {&form_.privileges.fraTcpControlSettings}, nullptr},
         {2,
          admin && session_.ChannelNamesRead,
