@@ -25,6 +25,19 @@ struct ChangeoverTab {
                                  &grpAlarm};
         return *groups[row];
     }
+    // Where a row's live and startup boxes stand, by the index of the box.
+    std::function<Container&(int)> LiveRow() {
+        return [this](int index) -> Container& { return RowGroup(index - 3); };
+    }
+    std::function<Container&(int)> StartupRow() {
+        return [this](int index) -> Container& { return RowGroup(index); };
+    }
+    // The save buttons of the values, 0, and of the inlet, 1.
+    std::function<Container&(int)> SavedPart() {
+        return [this](int part) -> Container& {
+            return part == 0 ? fraChangeoverOptions : fraDefaultInlet;
+        };
+    }
 
     TabPage& page;
 
@@ -43,51 +56,25 @@ struct ChangeoverTab {
     Label lblLiveColumn{fraChangeoverOptions, "lblLiveColumn", "Live"};
     Label lblStartupColumn{fraChangeoverOptions, "lblStartupColumn", "Startup"};
 
-    ControlArray<TextBox> txtCurrent{"txtCurrent", Indices(3, 6), [this](ControlName name) {
-                                         return std::make_unique<TextBox>(RowGroup(*name.index - 3),
-                                                                          name, ValueBox());
-                                     }};
-    ControlArray<ScrollBar> scrCurrent{"scrCurrent", Indices(3, 6), [this](ControlName name) {
-                                           return std::make_unique<ScrollBar>(
-                                               RowGroup(*name.index - 3), name, ValueBar());
-                                       }};
-    ControlArray<TextBox> txtStartup{"txtStartup", Indices(0, 4), [this](ControlName name) {
-                                         return std::make_unique<TextBox>(RowGroup(*name.index),
-                                                                          name, ValueBox());
-                                     }};
-    ControlArray<ScrollBar> scrStartup{"scrStartup", Indices(0, 4), [this](ControlName name) {
-                                           return std::make_unique<ScrollBar>(RowGroup(*name.index),
-                                                                              name, ValueBar());
-                                       }};
+    ControlArray<TextBox> txtCurrent{LiveRow(), "txtCurrent", Indices(3, 6), ValueBox()};
+    ControlArray<ScrollBar> scrCurrent{LiveRow(), "scrCurrent", Indices(3, 6), ValueBar()};
+    ControlArray<TextBox> txtStartup{StartupRow(), "txtStartup", Indices(0, 4), ValueBox()};
+    ControlArray<ScrollBar> scrStartup{StartupRow(), "scrStartup", Indices(0, 4), ValueBar()};
 
     Frame fraDefaultInlet{page, "fraDefaultInlet", "Default Inlet"};
     Frame fraDefaultInletLive{fraDefaultInlet, "fraDefaultInletLive", "Live"};
-    ControlArray<OptionButton> optInLive{"optInLive", Indices(1, 5), [this](ControlName name) {
-                                             return std::make_unique<OptionButton>(
-                                                 fraDefaultInletLive, name,
-                                                 InletCaption(*name.index));
-                                         }};
+    ControlArray<OptionButton> optInLive{fraDefaultInletLive, "optInLive", Indices(1, 5),
+                                         InletCaption};
     Frame fraDefaultInletStart{fraDefaultInlet, "fraDefaultInletStart", "Start"};
-    ControlArray<OptionButton> optInE2P{"optInE2P", Indices(1, 5), [this](ControlName name) {
-                                            return std::make_unique<OptionButton>(
-                                                fraDefaultInletStart, name,
-                                                InletCaption(*name.index));
-                                        }};
+    ControlArray<OptionButton> optInE2P{fraDefaultInletStart, "optInE2P", Indices(1, 5),
+                                        InletCaption};
     Label lblDefaultIn{fraDefaultInlet, "lblDefaultIn"};
     Label lblLockout{fraDefaultInlet, "lblLockout"};
 
-    ControlArray<Button> cmdSaveCurrent{
-        "cmdSaveCurrent", Indices(0, 1), [this](ControlName name) {
-            return std::make_unique<Button>(
-                *name.index == 0 ? fraChangeoverOptions : fraDefaultInlet, name, "Save as Live",
-                ControlTraits{.enabled = false});
-        }};
-    ControlArray<Button> cmdSaveStartup{
-        "cmdSaveStartup", Indices(0, 1), [this](ControlName name) {
-            return std::make_unique<Button>(
-                *name.index == 0 ? fraChangeoverOptions : fraDefaultInlet, name, "Save as Startup",
-                ControlTraits{.enabled = false});
-        }};
+    ControlArray<Button> cmdSaveCurrent{SavedPart(), "cmdSaveCurrent", Indices(0, 1),
+                                        "Save as Live", ControlTraits{.enabled = false}};
+    ControlArray<Button> cmdSaveStartup{SavedPart(), "cmdSaveStartup", Indices(0, 1),
+                                        "Save as Startup", ControlTraits{.enabled = false}};
     Button cmdReadCMSOptions{page, "cmdReadCMSOptions", "Read Changeover Options"};
 };
 

@@ -255,20 +255,15 @@ class Shape : public Control {
 template <class T>
 class ControlArray {
   public:
-    // Every member made alike.
-    template <class... Args>
-    ControlArray(Container& container, const std::string& name, const std::vector<int>& indices,
+    // What a member is made of: where it stands, and the arguments of its kind. Each is a value for
+    // all of them, or a function of the index.
+    template <class Place, class... Args>
+    ControlArray(Place&& place, const std::string& name, const std::vector<int>& indices,
                  const Args&... args) {
         for (const int index : indices) {
-            members_.push_back(std::make_unique<T>(container, ControlName(name, index), args...));
+            members_.push_back(std::make_unique<T>(At(place, index), ControlName(name, index),
+                                                   At(args, index)...));
         }
-    }
-
-    // Members made one by one by `make(ControlName)`.
-    template <class Make>
-    requires std::is_invocable_r_v<std::unique_ptr<T>, Make, ControlName> ControlArray(
-        const std::string& name, const std::vector<int>& indices, Make make) {
-        for (const int index : indices) members_.push_back(make(ControlName(name, index)));
     }
 
     T& operator()(int index) const {
@@ -299,6 +294,15 @@ class ControlArray {
     Iterator end() const { return Iterator(members_.end()); }
 
   private:
+    template <class Value>
+    static decltype(auto) At(Value& value, int index) {
+        if constexpr (std::is_invocable_v<Value&, int>) {
+            return value(index);
+        } else {
+            return (value);
+        }
+    }
+
     std::vector<std::unique_ptr<T>> members_;
 };
 

@@ -37,11 +37,12 @@ struct MainForm : Form {
     Button cmdDisconnect{*this, "cmdDisconnect", "Disconnect"};
 
     Frame fraRelayID{*this, "fraRelayID", "Relay ID"};
-    ControlArray<OptionButton> OptButID{"OptButID", {250, 0, 1, 2, 3, 4}, [this](ControlName name) {
-                                            return std::make_unique<OptionButton>(
-                                                fraRelayID, name, std::to_string(*name.index),
-                                                OptionButtonTraits{.chosen = *name.index == 250});
-                                        }};
+    ControlArray<OptionButton> OptButID{
+        fraRelayID,
+        "OptButID",
+        {250, 0, 1, 2, 3, 4},
+        [](int id) { return std::to_string(id); },
+        [](int id) { return OptionButtonTraits{.chosen = id == 250}; }};
 
     Frame fraMemoryBlock{*this, "fraMemoryBlock", "Memory Read/Write Status"};
     Label lblMemoryBlock{fraMemoryBlock, "lblMemoryBlock"};

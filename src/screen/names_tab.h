@@ -23,10 +23,8 @@ struct NamesTab {
     ControlArray<Label> lblTopLine{fraOutletNames, "lblTopLine", Indices(0, 1), "Top Line"};
     ControlArray<Label> lblBottomLine{fraOutletNames, "lblBottomLine", Indices(0, 1),
                                       "Bottom Line"};
-    ControlArray<Label> lblOutlet{"lblOutlet", Indices(0, 13), [this](ControlName name) {
-                                      const std::string number = std::to_string(*name.index + 1);
-                                      return std::make_unique<Label>(fraOutletNames, name,
-                                                                     "Outlet " + number + ":");
+    ControlArray<Label> lblOutlet{fraOutletNames, "lblOutlet", Indices(0, 13), [](int index) {
+                                      return "Outlet " + std::to_string(index + 1) + ":";
                                   }};
     ControlArray<TextBox> txtOutUpper{fraOutletNames, "txtOutUpper", Indices(0, 13),
                                       TextBoxTraits{.max_length = 8}};

@@ -50,9 +50,8 @@ struct NetworkTab {
                           "Master Key:    (Set 16x FF to disable Chaskey"};
     Label qlblAttackLimit{fraTCPports, "qlblAttackLimit", "Attack Limit"};
     Label qlblKeyCounter{fraTCPports, "qlblKeyCounter", "Key Count"};
-    ControlArray<Label> Label5{"Label5", Indices(0, 2), [this](ControlName name) {
-                                   const std::string port(1, static_cast<char>('A' + *name.index));
-                                   return std::make_unique<Label>(fraTCPports, name, port);
+    ControlArray<Label> Label5{fraTCPports, "Label5", Indices(0, 2), [](int index) {
+                                   return std::string(1, static_cast<char>('A' + index));
                                }};
     ControlArray<CheckBox> chkTcpControlEnable{fraTCPports, "chkTcpControlEnable", Indices(0, 2)};
     ControlArray<TextBox> txtTcpControlPort{fraTCPports, "txtTcpControlPort", Indices(0, 2)};
@@ -72,9 +71,9 @@ struct NetworkTab {
 
     Frame fraARP{page, "fraARP", "Gratuitous ARP"};
     ControlArray<Label> lblARP{
-        "lblARP", Indices(0, 2), [this](ControlName name) {
+        fraARP, "lblARP", Indices(0, 2), [](int index) {
             static constexpr const char* kCaptions[] = {"REQ FF", "RESP FF", "REQ 00"};
-            return std::make_unique<Label>(fraARP, name, kCaptions[*name.index]);
+            return kCaptions[index];
         }};
     ControlArray<CheckBox> chkARP{fraARP, "chkARP", Indices(0, 2)};
     Label lblARPtime{fraARP, "lblARPtime", "Repeat interval:"};

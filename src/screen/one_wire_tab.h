@@ -13,11 +13,10 @@ struct OneWireTab {
     TabPage& page;
 
     Frame fra1WireSettings{page, "fra1WireSettings", "1-Wire Sensors"};
-    ControlArray<Label> lblSense{"lblSense", Indices(0, 3), [this](ControlName name) {
+    ControlArray<Label> lblSense{fra1WireSettings, "lblSense", Indices(0, 3), [](int index) {
                                      static constexpr const char* kCaptions[] = {
                                          "Sensor Address", "Type", "Committed", "Sensor Name"};
-                                     return std::make_unique<Label>(fra1WireSettings, name,
-                                                                    kCaptions[*name.index]);
+                                     return kCaptions[index];
                                  }};
     ControlArray<Label> lbl1WAddress{fra1WireSettings, "lbl1WAddress", Indices(0, kSlots - 1)};
     ControlArray<Label> lbl1WType{fra1WireSettings, "lbl1WType", Indices(0, kSlots - 1)};
@@ -29,12 +28,12 @@ struct OneWireTab {
 
     Frame fraSensorTypes{page, "fraSensorTypes", "Sensor Types"};
     ControlArray<Label> lblSensorType{
-        "lblSensorType", Indices(0, 4), [this](ControlName name) {
+        fraSensorTypes, "lblSensorType", Indices(0, 4), [](int index) {
             static constexpr const char* kLegend[] = {
                 "MS-T = Temperature Module", "MS-TH = Temperature/Humidity Module",
                 "T = Single temperature sensor on cable", "TS-x = Temperature String and position",
                 "?? = Unknown Sensor"};
-            return std::make_unique<Label>(fraSensorTypes, name, kLegend[*name.index]);
+            return kLegend[index];
         }};
 
     Button cmdRead1WNames{page, "cmdRead1WNames", "Read 1-Wire Settings"};

@@ -58,13 +58,11 @@ struct PrivilegesTab {
     TabPage& page;
 
     Frame fraTcpControlSettings{page, "fraTcpControlSettings", "TCP Port Privileges"};
-    ControlArray<Label> lblPriv{"lblPriv",
+    ControlArray<Label> lblPriv{fraTcpControlSettings,
+                                "lblPriv",
                                 {1,   100, 101, 102, 103, 104, 105, 106, 111, 112, 113, 2,
                                  200, 201, 202, 203, 204, 205, 206, 207, 211, 212, 213},
-                                [this](ControlName name) {
-                                    return std::make_unique<Label>(fraTcpControlSettings, name,
-                                                                   Caption(*name.index));
-                                }};
+                                Caption};
     ControlArray<Label> lblPrivRelay{fraTcpControlSettings, "lblPrivRelay", {107}, RowCaption(107)};
     ControlArray<CheckBox> chkPriv{fraTcpControlSettings, "chkPriv", BoxIndices()};
     ControlArray<Label> lblPrivByte{

@@ -49,22 +49,15 @@ struct ScriptEditForm : Form {
     Label lblTitle{*this, "lblTitle", "Unit Location"};
     Label lblTitle2{*this, "lblTitle2", "Unit Name"};
     ControlArray<Label> lblFuseNo{
-        "lblFuseNo", Indices(0, kPositions - 1), [this](ControlName name) {
-            const int number = *name.index + 1;
-            return std::make_unique<Label>(*this, name,
-                                           number > kOutlets ? "" : std::to_string(number));
-        }};
+        *this, "lblFuseNo", Indices(0, kPositions - 1),
+        [](int index) { return index < kOutlets ? std::to_string(index + 1) : std::string(); }};
     ControlArray<Light> pbLED{*this, "pbLED", Indices(0, kPositions - 1)};
     ControlArray<Image> imgFuse{*this, "imgFuse", Indices(0, kPositions - 1)};
     Image imgFuse2Block{*this, "imgFuse2Block"};
     ControlArray<Image> imgFuse7Block{*this, "imgFuse7Block", Indices(0, 1)};
     ControlArray<Label> lblDesi{*this, "lblDesi", NameIndices()};
-    ControlArray<Button> cmdOn{"cmdOn", Indices(0, kOutlets - 1), [this](ControlName name) {
-                                   return OutletButton(std::move(name), "ON ");
-                               }};
-    ControlArray<Button> cmdOff{"cmdOff", Indices(0, kOutlets - 1), [this](ControlName name) {
-                                    return OutletButton(std::move(name), "OFF ");
-                                }};
+    ControlArray<Button> cmdOn{*this, "cmdOn", Indices(0, kOutlets - 1), OutletCaption("ON ")};
+    ControlArray<Button> cmdOff{*this, "cmdOff", Indices(0, kOutlets - 1), OutletCaption("OFF ")};
     CheckBox chkWait{*this, "chkWait", "Always wait"};
 
     Label lblTopStatus{*this, "lblTopStatus"};
@@ -93,10 +86,8 @@ struct ScriptEditForm : Form {
     Frame fraOutlets{*this, "fraOutlets", "Control Level / Latch On / Lock Off"};
     Label Label4{fraOutlets, "Label4", "Control Level Inhibit"};
     Label Label5{fraOutlets, "Label5", "Latch On Lock Off"};
-    ControlArray<Label> Label1{"Label1", Indices(0, kOutlets - 1), [this](ControlName name) {
-                                   const std::string number = std::to_string(*name.index + 1);
-                                   return std::make_unique<Label>(fraOutlets, name, number);
-                               }};
+    ControlArray<Label> Label1{fraOutlets, "Label1", Indices(0, kOutlets - 1),
+                               [](int index) { return std::to_string(index + 1); }};
     ControlArray<CheckBox> chkOutGroup1{fraOutlets, "chkOutGroup1", {1, 2, 4, 8, 16, 32, 64, 128}};
     ControlArray<CheckBox> chkOutGroup2{fraOutlets, "chkOutGroup2", {1, 2, 4, 8, 16, 32}};
     Label Label2{fraOutlets, "Label2", "Hex for outlets 1 - 8"};
@@ -108,11 +99,10 @@ struct ScriptEditForm : Form {
 
     // The other instructions stand on the form itself, those with a mask in the frame.
     ControlArray<Button> cmdInsertCommand{
-        "cmdInsertCommand", ButtonIndices(), [this](ControlName name) {
-            const InsertButton& row = RowOf(*name.index);
-            Container& container = row.takes_mask ? static_cast<Container&>(fraOutlets) : *this;
-            return std::make_unique<Button>(container, std::move(name), row.caption);
-        }};
+        [this](int opcode) -> Container& {
+            return RowOf(opcode).takes_mask ? static_cast<Container&>(fraOutlets) : *this;
+        },
+        "cmdInsertCommand", ButtonIndices(), [this](int opcode) { return RowOf(opcode).caption; }};
 
     CheckBox chkTrace{*this, "chkTrace", "Trace"};
     Button cmdGetStatus{*this, "cmdGetStatus", "Get Status"};
@@ -148,9 +138,8 @@ struct ScriptEditForm : Form {
                              [opcode](const InsertButton& row) { return row.opcode == opcode; });
     }
 
-    std::unique_ptr<Button> OutletButton(ControlName name, const char* caption) {
-        const std::string number = std::to_string(*name.index + 1);
-        return std::make_unique<Button>(*this, std::move(name), caption + number);
+    static std::function<std::string(int)> OutletCaption(const char* word) {
+        return [word](int index) { return word + std::to_string(index + 1); };
     }
 };
 

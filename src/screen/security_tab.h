@@ -37,10 +37,7 @@ struct SecurityTab {
     TextBox txtSalt{fraSecuritySettings, "txtSalt", {.text = "Text1", .visible = false}};
     ControlArray<TextBox> txtSHA{fraSecuritySettings, "txtSHA", Indices(0, 2),
                                  TextBoxTraits{.text = "Text1", .visible = false}};
-    ControlArray<Label> txtPswHelp{"txtPswHelp", Indices(0, 5), [this](ControlName name) {
-                                       return std::make_unique<Label>(page, name,
-                                                                      HelpText(*name.index));
-                                   }};
+    ControlArray<Label> txtPswHelp{page, "txtPswHelp", Indices(0, 5), HelpText};
     Button cmdReadWBISettings{page, "cmdReadWBISettings", "Read Web Security Settings"};
     Button cmdWriteWBISettings{
         page, "cmdWriteWBISettings", "Write Security Settings", {.enabled = false}};

@@ -13,10 +13,8 @@ struct LoginForm : Form {
                  "The Kestrane MDU you are connected to has web security enabled. In order to "
                  "change any settings on the unit, you need to log in using the Admin username and "
                  "password."};
-    ControlArray<Label> lblLabels{"lblLabels", Indices(0, 1), [this](ControlName name) {
-                                      return std::make_unique<Label>(
-                                          *this, name,
-                                          *name.index == 0 ? "&User Name:" : "&Password:");
+    ControlArray<Label> lblLabels{*this, "lblLabels", Indices(0, 1), [](int index) {
+                                      return index == 0 ? "&User Name:" : "&Password:";
                                   }};
     TextBox txtName{*this, "txtName"};
     TextBox txtPassword{*this, "txtPassword", {.password = "*"}};

@@ -15,10 +15,8 @@ struct TriggersTab {
     Label lblMTName{fraMacroTrigger, "lblMTName", "Macro Name"};
     Label lblMTAddress{fraMacroTrigger, "lblMTAddress", "Address (hex)"};
     Label lblMTEnable{fraMacroTrigger, "lblMTEnable", "Enable"};
-    ControlArray<Label> lblMacro{"lblMacro", Indices(0, kRows - 1), [this](ControlName name) {
-                                     const std::string number = std::to_string(*name.index + 1);
-                                     return std::make_unique<Label>(fraMacroTrigger, name,
-                                                                    "Macro " + number + ":");
+    ControlArray<Label> lblMacro{fraMacroTrigger, "lblMacro", Indices(0, kRows - 1), [](int index) {
+                                     return "Macro " + std::to_string(index + 1) + ":";
                                  }};
     ControlArray<TextBox> txtMTName{fraMacroTrigger, "txtMTName", Indices(0, kRows - 1),
                                     TextBoxTraits{.max_length = 14}};

@@ -327,6 +327,10 @@ type txtStartup(3) "300"
     fore 255: txtStartup(3)
     value 0: scrStartup(3)
     focus txtStartup(3) (0 selected): frmMainForm
+choose scrCurrent(3) 250
+    text "5": txtCurrent(3)
+    value 250: scrCurrent(3)
+    focus scrCurrent(3): frmMainForm
 choose scrStartup(3) 251
     text "4": txtStartup(3)
     fore 0: txtStartup(3)
@@ -340,7 +344,7 @@ set SSTab1 0
     index 0: SSTab1
     enabled true: fraNetworkSettings, fraMiscOptions, fraFixedIPSettings, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, fraTcpControlSettings, fraSecuritySettings
     enabled false: fraChangeoverOptions, grpOffTimeMain, grpOffTimeBackup, grpPhase, grpChangeBackDelay, grpAlarm, fraDefaultInlet, fraDefaultInletLive, fraDefaultInletStart, cmdSaveCurrent(0-1), cmdSaveStartup(0-1), fraFirmwareUpdate, timCMSOptions
-    text "0": txtStartup(0-4)
+    text "0": txtCurrent(3), txtStartup(0-4)
+    value 255: scrCurrent(3), scrStartup(0-4)
     fore 255: txtStartup(0-4)
-    value 255: scrStartup(0-4)
     focus txtIPAddress (0 selected): frmMainForm

@@ -55,6 +55,13 @@ TEST_F(EditorReads, Triggers) {
     EXPECT_FALSE(session.MacroTriggersRead);
 }
 
+TEST_F(EditorReads, NothingIsReadWithoutAConnection) {
+    Click(form.cmdDisconnect);
+    EXPECT_FALSE(tool.channel_names.ReadChannelNames(note, {}));
+    EXPECT_FALSE(tool.macro_triggers.ReadMacroTriggers(note));
+    EXPECT_TRUE(progress.empty());
+}
+
 TEST_F(EditorReads, TriggersThatBreakOffAreNotRead) {
     std::string echo = ReadCommand(251, 0x0210);
     AddEscapesAndChecksum(echo);

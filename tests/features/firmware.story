@@ -39,10 +39,11 @@ answer FA21 "\x12\x3A\x0B\x0F"
 connected 7
 quietly click cmdGetUnitFirmware
 quietly set lblRelayLatest "x"
+quietly set lblDisplayLatest "x"
 no-page "Not found" 20
 wait 30
     says "Remote Download failed "
-    caption "-": lblRelayLatest
+    caption "-": lblRelayLatest, lblDisplayLatest
     1: beeps
 quietly click cmdGetUnitFirmware
 page "" 0
