@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "configuration/engine.h"
+#include "configuration/report.h"
 #include "console/values.h"
 
 namespace kestrane {

@@ -29,11 +29,8 @@ struct FileFault {
     std::string Line(const std::string& file) const;
 };
 
-// Values by key. What a file does not name stays as it is on the unit.
-using SettingValues = std::map<const Setting*, SettingValue>;
-
 struct ConfigurationText {
-    SettingValues values;                         // without read-only ones
+    SettingValues values;                           // without read-only ones
     std::map<const Setting*, FilePosition> places;  // where each value stands
     std::vector<FileFault> faults;
     std::vector<FileFault> notes;  // what was passed over

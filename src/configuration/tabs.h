@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "configuration/settings.h"
 #include "screen/control.h"
 
 namespace kestrane {
@@ -25,6 +26,8 @@ struct TabRow {
     const char* read_operation;
     const char* write_button;  // empty: not written by one button
     const char* write_operation;
+
+    bool Holds(const Setting& setting) const { return std::string_view(name) == setting.tab; }
 };
 
 const std::vector<TabRow>& TabRows();

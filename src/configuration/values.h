@@ -3,6 +3,7 @@
 // Values of settings, apart from files and screens: what a setting may hold, when two values are
 // the same, and how one is shown.
 
+#include <map>
 #include <optional>
 #include <string>
 #include <variant>
@@ -13,6 +14,9 @@ namespace kestrane {
 
 // A switch, a number, or a byte text.
 using SettingValue = std::variant<bool, long, std::string>;
+
+// Some of the settings; what is absent stays as it is on the unit.
+using SettingValues = std::map<const Setting*, SettingValue>;
 
 // Why no unit could hold this value, in a sentence that says what would be right; nothing if one
 // could. A value that a unit can hold but nobody can type passes.

@@ -1,6 +1,7 @@
 // The engine against the demo unit on virtual time: what it writes, what it says of it, and that
 // both agree whatever happens to the line.
 
+#include "configuration/backup.h"
 #include "configuration/engine.h"
 
 #include <gtest/gtest.h>

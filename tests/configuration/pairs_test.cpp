@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <random>
 
+#include "configuration/backup.h"
 #include "configuration/engine.h"
 #include "support/tool_on_line.h"
 
