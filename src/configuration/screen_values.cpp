@@ -13,7 +13,6 @@ namespace {
 
 constexpr char kNotGivenBack[] = "the unit does not give it back";
 constexpr char kHiddenKey[] = "Chaskey is set - type to change key";
-constexpr char kStars[] = "******";
 
 // The member of an option group that is chosen, or null.
 OptionButton* ChosenOf(MainForm& form, const std::string& group) {

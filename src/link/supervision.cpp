@@ -11,7 +11,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr int kFirstPoll = 100;
 // After the first disconnect the reader polls faster.
 constexpr int kLaterPoll = 10;
 constexpr int kDefaultTimeout = 3000;
