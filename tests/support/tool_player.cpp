@@ -1,18 +1,19 @@
 #include "support/tool_player.h"
 
-#include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
-#include "macro/assembler.h"
-#include "macro/macro_check.h"
 #include "support/memory_peer.h"
+#include "support/source_lines.h"
+#include "support/story_words.h"
+#include "support/tool_look.h"
 #include "support/unit_peer.h"
 #include "support/virtual_platform.h"
 #include "tool/session_variables.h"
-#include "tool/tool.h"
 
 namespace kestrane {
 namespace {
@@ -21,49 +22,12 @@ using std::chrono::milliseconds;
 
 [[noreturn]] void Fault(const std::string& text) { throw std::runtime_error(text); }
 
-// In quotes, what is not printable ASCII as \xNN.
-std::string Quoted(const std::string& text) {
-    std::string quoted = "\"";
-    for (const char c : text) {
-        const bool plain = c >= ' ' && c <= '~' && c != '"' && c != '\\';
-        quoted += plain ? std::string(1, c) : "\\x" + HexByte(static_cast<std::uint8_t>(c));
-    }
-    return quoted + "\"";
+void Expect(const Refusal& refusal) {
+    if (refusal) Fault(*refusal);
 }
 
-// "\xNN" as the byte.
-std::string Unescaped(std::string text) {
-    for (std::size_t x = 0; (x = text.find("\\x", x)) != std::string::npos; ++x) {
-        text.replace(x, 4, HexPairs(text.substr(x + 2, 2)));
-    }
-    return text;
-}
-
-// Words between blanks, or in quotes with \xNN in them; "\xFF"*16 repeats.
-std::vector<std::string> WordsOf(const std::string& line) {
-    std::vector<std::string> words;
-    for (std::size_t at = 0; (at = line.find_first_not_of(' ', at)) != std::string::npos;) {
-        const bool quoted = line[at] == '"';
-        const std::size_t end = std::min(line.find(quoted ? '"' : ' ', at + 1), line.size());
-        std::string word = quoted ? line.substr(at + 1, end - at - 1) : line.substr(at, end - at);
-        word = Unescaped(word);
-        at = end + quoted;
-        if (quoted && line[at] == '*') {
-            const std::string once = word;
-            for (int n = std::stoi(line.substr(at + 1)); n > 1; --n) word += once;
-            at = std::min(line.find(' ', at), line.size());
-        }
-        words.push_back(std::move(word));
-    }
-    return words;
-}
-
-std::string ValueText(const Value& value) {
-    if (const auto* text = std::get_if<std::string>(&value)) return Quoted(*text);
-    if (const auto* number = std::get_if<long>(&value)) return std::to_string(*number);
-    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
-    return "none";
-}
+int Hex(const std::string& word) { return std::stoi(word, nullptr, 16); }
+milliseconds Time(const std::string& word) { return milliseconds{std::stoi(word)}; }
 
 // The word as a value of the type that `present` has.
 Value ValueOf(const std::string& word, const Value& present) {
@@ -71,40 +35,6 @@ Value ValueOf(const std::string& word, const Value& present) {
     if (word == "true" || word == "false") return word == "true";
     return std::stol(word);
 }
-
-// Addresses are hexadecimal.
-std::string IndexText(const std::string& base, int index) {
-    return base == "image" ? HexByte(static_cast<std::uint8_t>(index)) : std::to_string(index);
-}
-
-// "lblOutlet(0-3 7)": the members of an array in one.
-std::string NameList(const std::vector<std::pair<std::string, int>>& names) {
-    std::string list;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const auto& [base, index] = names[i];
-        const bool more = i > 0 && index >= 0 && names[i - 1].first == base;
-        if (more) list.pop_back();
-        list += more ? " " : (i > 0 ? ", " : "") + base + (index >= 0 ? "(" : "");
-        std::size_t last = i;
-        while (index >= 0 && last + 1 < names.size() && names[last + 1].first == base &&
-               names[last + 1].second == names[last].second + 1) {
-            ++last;
-        }
-        if (index >= 0) list += IndexText(base, index);
-        if (last > i) list += "-" + IndexText(base, names[last].second);
-        if (index >= 0) list += ")";
-        i = last;
-    }
-    return list;
-}
-
-// One property of one control: where it stands, and its value as text.
-struct Entry {
-    std::string property;
-    std::string base;
-    int index;  // -1: no array
-    std::string value;
-};
 
 class Player : private ScreenListener, private JournalObserver {
   public:
@@ -121,77 +51,60 @@ class Player : private ScreenListener, private JournalObserver {
     }
 
   private:
+    using Verbs = std::map<std::string, std::function<void(const StoryWords&)>>;
+
     // Until the end, or the line that closes the editor.
     void PlayLines() {
         while (at_ < lines_.size()) {
             const std::string& line = lines_[at_++];
-            if (!line.starts_with("    ")) out_ += line + "\n";
-            if (line.empty() || line[0] == '#' || line.starts_with("    ")) continue;
+            if (line.starts_with("    ")) continue;
+            out_ += line + "\n";
             if (line == "close") return;
+            if (line.empty() || line[0] == '#') continue;
             try {
-                if (!DoText(line)) Do(WordsOf(line));
+                Do(line);
             } catch (const std::exception& error) {
                 out_ += std::string("    FAULT ") + error.what() + "\n";
             }
         }
     }
 
-    // What is done with a source text: the rest of the line, "\\n" between its lines.
-    bool DoText(const std::string& line) {
-        const std::string verb = line.substr(0, line.find(' '));
-        if (verb != "assemble" && verb != "check") return false;
-        std::string source = line.substr(std::min(verb.size() + 1, line.size()));
-        for (std::size_t at = 0; (at = source.find("\\n", at)) != std::string::npos;) {
-            source.replace(at, 2, "\n");
+    void Do(const std::string& line) {
+        StoryWords words = WordsOf(line);
+        if (const auto told = TellOfSource(line)) {
+            log_ = *told;
+            return TellLog();
         }
-        source = Unescaped(source);
-        verb == "check" ? Check(source) : TryAssembling(source);
-        TellLog();
-        return true;
-    }
-    void Check(const std::string& source) {
-        for (const Finding& finding : CheckMacroText(source, "CMS")) {
-            log_.push_back(std::string(finding.kind) + ": " + FindingLine(finding));
-        }
-    }
-    // The faults, or else the instructions and what was said of triggers.
-    void TryAssembling(const std::string& source) {
-        const Assembly assembly = Assemble(source);
-        for (const SourceFault& fault : assembly.faults) {
-            log_.push_back(std::to_string(fault.place.line) + ":" +
-                           std::to_string(fault.place.column) + ": " +
-                           (fault.is_warning ? "warning: " : "") + fault.text);
-        }
-        if (!assembly.Good()) return;
-        const MacroProgram& program = assembly.program;
-        for (int at = 0; at < 0x80; ++at) {
-            if (!program.programmed[static_cast<std::size_t>(at)]) continue;
-            const auto address = static_cast<std::uint8_t>(at);
-            log_.push_back(HexByte(address) + ": " + HexByte(program.image.Opcode(address)) + " " +
-                           HexByte(program.image.SecondByte(address)));
-        }
-    }
-
-    void Do(std::vector<std::string> words) {
         if (words[0] == "unit") return UseUnit(words.at(1));
         if (!tool_) Start();
         const bool quiet = words[0] == "quietly";
         if (quiet) words.erase(words.begin());
-        if (words[0] == "edit") return Edit(std::stoi(words.at(1)), quiet);
-        const bool prepares = Prepare(words);
-        if (!prepares) Act(words);
-        Tell(quiet || prepares);
+        if (words[0] == "edit") return Edit(Time(words.at(1)), quiet);
+        Tell(!Act(words) || quiet);
+    }
+
+    // True for what shows, false for what only prepares.
+    bool Act(const StoryWords& words) {
+        const auto prepares = preparations_.find(words[0]);
+        const auto acts = actions_.find(words[0]);
+        if (prepares != preparations_.end()) {
+            prepares->second(words);
+        } else if (acts != actions_.end()) {
+            acts->second(words);
+        } else {
+            Fault("no such word: " + words[0]);
+        }
+        return acts != actions_.end();
     }
 
     void UseUnit(const std::string& type) {
-        unit::UnitOptions options;
-        options.old_firmware = type == "old";
-        options.type = type == "636"      ? unit::UnitType::k636
-                       : type == "single" ? unit::UnitType::kSingle
-                                          : unit::UnitType::kCms;
-        unit_ = std::make_unique<UnitPeer>(world_.tcpsend, world_.time, options);
+        unit_ = std::make_unique<UnitPeer>(
+            world_.tcpsend, world_.time,
+            unit::UnitOptions{.type = type == "636"      ? unit::UnitType::k636
+                                      : type == "single" ? unit::UnitType::kSingle
+                                                         : unit::UnitType::kCms,
+                              .old_firmware = type == "old"});
     }
-
     void Start() {
         if (!unit_) memory_ = std::make_unique<MemoryPeer>(world_.tcpsend);
         // The slash at its end is not doubled.
@@ -199,81 +112,131 @@ class Player : private ScreenListener, private JournalObserver {
         tool_->screen.AddListener(*this);
         tool_->link.journal().AddObserver(*this);
         tool_->Start();
-        seen_ = Look();
+        seen_ = LookAt(*tool_);
     }
 
-    // What the world holds and answers from now on; true if `words` say that.
-    bool Prepare(const std::vector<std::string>& words) {
-        const std::string& verb = words[0];
-        if (verb == "store") {
-            Store(std::stoi(words.at(1)), words.at(2), words.at(3));
-        } else if (verb == "answers") {
-            for (int n = 1; n <= std::stoi(words.at(2)); ++n) {
-                memory_->Answer(HexPairs(words.at(1)) + static_cast<char>(n), words.at(3));
-            }
-        } else if (verb == "answer") {
-            memory_->Answer(HexPairs(words.at(1)), words.size() > 2 ? words[2] : "");
-        } else if (verb == "reply") {
-            memory_->ReplyRaw(HexPairs(words.at(1)), words.size() > 2 ? HexPairs(words[2]) : "");
-        } else if (verb == "refuse") {
-            const std::string command = HexPairs(words.at(1));
-            memory_->ReplyRaw(command, Framed(command.substr(0, 2) + '\x16'));
-        } else if (verb == "drop") {
-            unit_->line().PassNext(std::stoi(words.at(1)));
-            unit_->line().DropNext(1);
-        } else if (verb == "chooses") {
-            world_.files.Choose(words.at(1));
-        } else if (verb == "disk") {
-            world_.disk.files[words.at(1)] = words.at(2);
-        } else if (verb == "spoil") {
-            std::string& file = world_.disk.files.at(words.at(1));
-            file.replace(file.find(words.at(2)), words[2].size(), words.at(3));
-        } else if (verb == "disk-fault") {
-            world_.disk.faults[words.at(1)] = words.at(2);
-        } else if (verb == "say-no") {
-            world_.boxes.Answer(BoxButton::kNo);
-        } else if (verb == "draw") {
-            for (const char c : HexPairs(words.at(1))) {
-                world_.random.Queue((static_cast<unsigned char>(c) + 0.5) / 255);
-            }
-        } else if (verb == "connected") {
-            ConnectOn(std::stoi(words.at(1)));
-        } else if (verb == "connects-are") {
-            world_.tcpsend.set_connect_answer(words.at(1) == "refused"
-                                                  ? FakeSocket::ConnectAnswer::kRefuse
-                                                  : FakeSocket::ConnectAnswer::kAccept);
-        } else if (verb == "settings-read") {
-            Connect();
-            Refused(tool_->hand.Click(tool_->main_form.network.cmdReadNetworkSettings));
-        } else {
-            return false;
-        }
-        return true;
-    }
+    // What the world holds and answers from now on.
+    const Verbs preparations_{
+        {"store", [this](const StoryWords& w) { Store(std::stoi(w.at(1)), w.at(2), w.at(3)); }},
+        {"answer",
+         [this](const StoryWords& w) {
+             memory_->Answer(HexPairs(w.at(1)), w.size() > 2 ? w[2] : "");
+         }},
+        {"answers",
+         [this](const StoryWords& w) {
+             for (int n = 1; n <= std::stoi(w.at(2)); ++n) {
+                 memory_->Answer(HexPairs(w[1]) + static_cast<char>(n), w.at(3));
+             }
+         }},
+        {"reply",
+         [this](const StoryWords& w) {
+             memory_->ReplyRaw(HexPairs(w.at(1)), w.size() > 2 ? HexPairs(w[2]) : "");
+         }},
+        {"refuse",
+         [this](const StoryWords& w) {
+             const std::string command = HexPairs(w.at(1));
+             memory_->ReplyRaw(command, Framed(command.substr(0, 2) + '\x16'));
+         }},
+        {"drop",
+         [this](const StoryWords& w) {
+             unit_->line().PassNext(std::stoi(w.at(1)));
+             unit_->line().DropNext(1);
+         }},
+        {"chooses", [this](const StoryWords& w) { world_.files.Choose(w.at(1)); }},
+        {"disk", [this](const StoryWords& w) { world_.disk.files[w.at(1)] = w.at(2); }},
+        {"disk-fault", [this](const StoryWords& w) { world_.disk.faults[w.at(1)] = w.at(2); }},
+        {"spoil",
+         [this](const StoryWords& w) {
+             std::string& file = world_.disk.files.at(w.at(1));
+             file.replace(file.find(w.at(2)), w[2].size(), w.at(3));
+         }},
+        {"say-no", [this](const StoryWords&) { world_.boxes.Answer(BoxButton::kNo); }},
+        {"draw",
+         [this](const StoryWords& w) {
+             for (const char c : HexPairs(w.at(1))) {
+                 world_.random.Queue((static_cast<unsigned char>(c) + 0.5) / 255);
+             }
+         }},
+        {"connects-are",
+         [this](const StoryWords& w) {
+             using Answer = FakeSocket::ConnectAnswer;
+             world_.tcpsend.set_connect_answer(w.at(1) == "refused" ? Answer::kRefuse
+                                                                    : Answer::kAccept);
+         }},
+        {"connected", [this](const StoryWords& w) { ConnectOn(std::stoi(w.at(1))); }},
+        {"settings-read",
+         [this](const StoryWords&) {
+             Connect();
+             Expect(tool_->hand.Click(tool_->main_form.network.cmdReadNetworkSettings));
+         }},
+    };
+
+    const Verbs actions_{
+        {"click", [this](const StoryWords& w) { Expect(tool_->hand.Click(Find(w.at(1)))); }},
+        {"type", [this](const StoryWords& w) { Expect(tool_->hand.Type(Box(w.at(1)), w.at(2))); }},
+        {"press",
+         [this](const StoryWords& w) {
+             Expect(tool_->hand.Press(Box(w.at(1)), std::stoi(w.at(2))));
+         }},
+        {"choose",
+         [this](const StoryWords& w) {
+             Expect(tool_->hand.Choose(Find(w.at(1)), std::stoi(w.at(2))));
+         }},
+        {"go", [this](const StoryWords& w) { Expect(tool_->hand.GoTo(Find(w.at(1)))); }},
+        {"leave", [this](const StoryWords&) { tool_->hand.Leave(); }},
+        {"key", [this](const StoryWords& w) { tool_->hand.Key(std::stoi(w.at(1))); }},
+        {"call", [this](const StoryWords& w) { Find(w.at(1)).on_click(); }},
+        {"set", [this](const StoryWords& w) { Set(w); }},
+        {"wait", [this](const StoryWords& w) { world_.RunFor(Time(w.at(1))); }},
+        {"after",
+         [this](const StoryWords& w) {
+             After(Time(w.at(1)), {w.begin() + 2, w.end()});
+         }},
+        {"look", [this](const StoryWords&) { Tell(); }},
+        {"page", [this](const StoryWords& w) { world_.http.Complete(w.at(1), Time(w.at(2))); }},
+        {"no-page", [this](const StoryWords& w) { world_.http.Fail(404, w.at(1), Time(w.at(2))); }},
+        {"peer-closes", [this](const StoryWords&) { world_.tcpsend.CloseByPeer(); }},
+        {"state",
+         [this](const StoryWords& w) {
+             world_.tcpsend.ForceState(static_cast<SocketState>(std::stoi(w.at(1))));
+         }},
+        {"image", [this](const StoryWords& w) { Fill(2 * Hex(w.at(1)), HexPairs(w.at(2))); }},
+        {"cat", [this](const StoryWords& w) { ShowFile(w.at(1), 1000); }},
+        {"head", [this](const StoryWords& w) { ShowFile(w.at(1), std::stoi(w.at(2))); }},
+        {"show", [this](const StoryWords& w) { Show(w.at(1), w.size() > 2 ? w[2] : ""); }},
+        {"memory",
+         [this](const StoryWords& w) {
+             log_.push_back(
+                 HexText(BoardOf(std::stoi(w.at(1)))
+                             .Read(static_cast<std::size_t>(Hex(w.at(2))), std::stoul(w.at(3)))));
+         }},
+    };
 
     // At "0200", or in each block from "0200-0280".
     void Store(int board, const std::string& where, const std::string& bytes) {
-        std::size_t end = 0;
-        int address = std::stoi(where, &end, 16);
-        const int last =
-            end < where.size() ? std::stoi(where.substr(end + 1), nullptr, 16) : address;
-        for (; address <= last; address += 16) {
+        const std::size_t dash = where.find('-');
+        const int last = Hex(dash == std::string::npos ? where : where.substr(dash + 1));
+        for (int address = Hex(where); address <= last; address += 16) {
             if (memory_) {
                 memory_->memory[{board, address}] = bytes;
-                continue;
+            } else {
+                BoardOf(board).Write(static_cast<std::size_t>(address), bytes);
             }
-            BoardOf(board).Write(static_cast<std::size_t>(address), bytes);
         }
     }
     unit::BoardMemory& BoardOf(int board) {
         return board == 250 ? unit_->unit().Relay() : unit_->unit().Display();
     }
-
+    void Fill(int first, const std::string& bytes) {
+        for (std::size_t i = 0; i < bytes.size(); ++i) {
+            tool_->macro_editor.state().image.Set(static_cast<std::size_t>(first) + i,
+                                                  static_cast<std::uint8_t>(bytes[i]));
+        }
+    }
     void Connect() {
-        Refused(tool_->hand.Click(tool_->main_form.cmdConnect));
+        Expect(tool_->hand.Click(tool_->main_form.cmdConnect));
         world_.RunFor(milliseconds{250});
     }
-    // Connected as administrator with this tab on the screen.
     void ConnectOn(int tab) {
         MainForm& form = tool_->main_form;
         Connect();
@@ -282,106 +245,28 @@ class Player : private ScreenListener, private JournalObserver {
         form.SSTab1.SetTabVisible(tab, true);
         form.SSTab1.SetTab(tab);
     }
-
-    void Act(const std::vector<std::string>& words) {
-        const std::string& verb = words[0];
-        if (verb == "wait") return world_.RunFor(milliseconds{std::stoi(words.at(1))});
-        if (verb == "after") {
-            const std::vector<std::string> later(words.begin() + 2, words.end());
-            world_.time.After(milliseconds{std::stoi(words.at(1))}, [this, later] {
-                log_.push_back("now " + later[0] + (later.size() > 1 ? " " + later[1] : ""));
-                if (!Prepare(later)) Act(later);
-            });
-            return;
-        }
-        if (verb == "leave") return tool_->hand.Leave();
-        if (verb == "page" || verb == "no-page") {
-            const milliseconds delay{std::stoi(words.at(2))};
-            return verb == "page" ? world_.http.Complete(words[1], delay)
-                                  : world_.http.Fail(404, words[1], delay);
-        }
-        if (verb == "set" && words.size() == 3 && SetVariable(words[1], words[2])) return;
-        if (verb == "look") return Tell();
-        if (verb == "key") return tool_->hand.Key(std::stoi(words.at(1)));
-        if (verb == "peer-closes") return world_.tcpsend.CloseByPeer();
-        if (verb == "state") {
-            return world_.tcpsend.ForceState(static_cast<SocketState>(std::stoi(words.at(1))));
-        }
-        if (verb == "cat") return ShowFile(words.at(1), 1000);
-        if (verb == "head") return ShowFile(words.at(1), std::stoi(words.at(2)));
-        if (verb == "image") {
-            auto& image = tool_->macro_editor.state().image;
-            const auto at = static_cast<std::size_t>(2 * std::stoi(words.at(1), nullptr, 16));
-            for (std::size_t i = 0; i < HexPairs(words.at(2)).size(); ++i) {
-                image.Set(at + i, static_cast<std::uint8_t>(HexPairs(words[2])[i]));
-            }
-            return;
-        }
-        if (verb == "close-form") return Refused(tool_->hand.Close(tool_->script_edit_form));
-        if (verb == "show") return Show(words.at(1), words.size() > 2 ? words[2] : "");
-        if (verb == "memory") {
-            const auto address = static_cast<std::size_t>(std::stoi(words.at(2), nullptr, 16));
-            log_.push_back(
-                HexText(BoardOf(std::stoi(words.at(1)))
-                            .Read(address, static_cast<std::size_t>(std::stoi(words.at(3))))));
-            return;
-        }
-        Control& control = Find(words.at(1));
-        if (verb == "set") {
-            const std::string property = words.size() > 3 ? words[2] : "";
-            if (auto why = control.Assign(property, ValueOf(words.back(), Get(control, property))))
-                Fault(*why);
-        } else if (verb == "call") {
-            control.on_click();
-        } else if (verb == "click") {
-            Refused(tool_->hand.Click(control));
-        } else if (verb == "type") {
-            Refused(tool_->hand.Type(dynamic_cast<TextBox&>(control), words.at(2)));
-        } else if (verb == "press") {
-            Refused(tool_->hand.Press(dynamic_cast<TextBox&>(control), std::stoi(words.at(2))));
-        } else if (verb == "choose") {
-            Refused(tool_->hand.Choose(control, std::stoi(words.at(2))));
-        } else if (verb == "go") {
-            Refused(tool_->hand.GoTo(control));
-        } else {
-            Fault("no such word: " + verb);
-        }
+    void After(milliseconds time, const StoryWords& later) {
+        world_.time.After(time, [this, later] {
+            log_.push_back("now " + later[0] + (later.size() > 1 ? " " + later[1] : ""));
+            Act(later);
+        });
     }
-
-    void ShowFile(const std::string& path, int most) {
-        std::istringstream lines(world_.disk.files.at(path));
-        for (std::string line; most-- > 0 && std::getline(lines, line);)
-            log_.push_back(Quoted(line));
-    }
-    void Show(const std::string& name, const std::string& property) {
-        for (const Entry& entry : Look()) {
-            const bool same = entry.index < 0
-                                  ? entry.base == name
-                                  : entry.base + "(" + std::to_string(entry.index) + ")" == name;
-            if (same && entry.property == property) log_.push_back(entry.value);
-        }
-    }
-
-    // The editor is modal: what is done in it runs as an event of its own, `opening` milliseconds
-    // after it was asked for.
-    void Edit(int opening, bool quiet) {
+    // The editor is modal: what is done in it runs as an event of its own, `opening` after it was
+    // asked for.
+    void Edit(milliseconds opening, bool quiet) {
         bool returned = false;
         world_.time.After(milliseconds{1}, [&] {
             tool_->main_form.triggers.cmdEditMacro.on_click();
             returned = true;
         });
-        world_.time.After(milliseconds{opening}, [this, quiet] {
+        ScriptEditForm& form = tool_->script_edit_form;
+        world_.time.After(opening, [this, quiet, &form] {
             Tell(quiet);
             PlayLines();
-            if (tool_->script_edit_form.Visible())
-                Refused(tool_->hand.Close(tool_->script_edit_form));
+            if (form.Visible()) Expect(tool_->hand.Close(form));
         });
         world_.loop.RunUntil([&] { return returned; }, std::chrono::hours{2});
         Tell();
-    }
-
-    static void Refused(const Refusal& refusal) {
-        if (refusal) Fault(*refusal);
     }
 
     Control& Find(const std::string& name) {
@@ -390,126 +275,71 @@ class Player : private ScreenListener, private JournalObserver {
         }
         Fault("no control " + name);
     }
-    static Value Get(const Control& control, const std::string& name) {
+    TextBox& Box(const std::string& name) { return dynamic_cast<TextBox&>(Find(name)); }
+    // NAME [property] VALUE; the name of a control, or of a variable of the session.
+    void Set(const StoryWords& words) {
+        for (const SessionVariable& variable : SessionVariables(*tool_)) {
+            if (variable.name != words.at(1)) continue;
+            return Expect(variable.set(ValueOf(words.at(2), variable.get())));
+        }
+        Control& control = Find(words.at(1));
         const PropertyList list = control.Properties();
-        if (name.empty()) return list.front().second;
+        const std::string& name = words.size() > 3 ? words[2] : list.front().first;
         for (const auto& [property, value] : list) {
-            if (property == name) return value;
+            if (property == name) return Expect(control.Assign(name, ValueOf(words.back(), value)));
         }
         Fault("no property " + name);
     }
-    bool SetVariable(const std::string& name, const std::string& word) {
-        for (const SessionVariable& variable : SessionVariables(*tool_)) {
-            if (variable.name != name) continue;
-            if (auto why = variable.set(ValueOf(word, variable.get()))) Fault(*why);
-            return true;
+    void ShowFile(const std::string& path, int most) {
+        std::istringstream lines(world_.disk.files.at(path));
+        for (std::string line; most > 0 && std::getline(lines, line); --most) {
+            log_.push_back(Quoted(line));
         }
-        return false;
+    }
+    void Show(const std::string& name, const std::string& property) {
+        for (const Seen& seen : LookAt(*tool_)) {
+            if (seen.property == property && NameList({{seen.base, seen.index}}) == name) {
+                log_.push_back(seen.value);
+            }
+        }
     }
 
     void ControlChanged(Control& control, Property property) override {
         TakeOutside();
-        const MainForm& form = tool_->main_form;
-        const Label& status = tool_->script_edit_form.lblTopStatus;
         if (property == Property::kCaption &&
-            (&control == &form.lblMemoryBlock || &control == &status)) {
+            (control.name() == "lblMemoryBlock" || control.name() == "lblTopStatus")) {
             log_.push_back("says " + Quoted(dynamic_cast<Label&>(control).Caption()));
         }
         if (property == Property::kPointer) {
-            const bool busy = control.form().Pointer() == Form::kHourglass;
-            log_.push_back(busy ? "hourglass" : "arrow");
+            log_.push_back(control.form().Pointer() == Form::kHourglass ? "hourglass" : "arrow");
         }
     }
-
     void OperationEnded(const OperationRecord& operation) override {
         using End = OperationRecord::End;
         TakeOutside();
         log_.push_back("operation " + Quoted(operation.name) +
-                       (operation.Complete()                              ? " complete"
-                        : operation.end == End::kOvertaken                ? " overtaken"
-                        : operation.end == OperationRecord::End::kStopped ? " stopped"
-                                                                          : " runs"));
+                       (operation.Complete()               ? " complete"
+                        : operation.end == End::kOvertaken ? " overtaken"
+                                                           : " stopped"));
     }
 
-    // What went out, boxes and beeps since the last look, in the log.
+    // What went out since the last time.
     void TakeOutside() {
         const auto& frames = world_.tcpsend.frames();
         for (; frames_ < frames.size(); ++frames_) {
-            const auto& frame = frames[frames_];
-            log_.push_back((frame.connection > 1 ? std::to_string(frame.connection) : "") + "> " +
-                           HexText(TextOfFrame(frame.bytes)));
+            const auto& [time, connection, bytes] = frames[frames_];
+            log_.push_back((connection > 1 ? std::to_string(connection) : "") + "> " +
+                           HexText(TextOfFrame(bytes)));
         }
-        const auto& asked = world_.files.asked();
-        for (; asked_ < asked.size(); ++asked_) {
-            log_.push_back(std::string(asked[asked_].save ? "asks to save \"" : "asks to load \"") +
-                           asked[asked_].title + "|" + asked[asked_].filter + "|" +
-                           asked[asked_].default_extension + "\"");
+        for (; asked_ < world_.files.asked().size(); ++asked_) {
+            const auto& asked = world_.files.asked()[asked_];
+            log_.push_back(
+                (asked.save ? "asks to save " : "asks to load ") +
+                Quoted(asked.title + "|" + asked.filter + "|" + asked.default_extension));
         }
-        const auto& fetched = world_.http.requests();
-        for (; fetches_ < fetched.size(); ++fetches_) {
-            log_.push_back("fetches " + fetched[fetches_].url +
-                           (fetched[fetches_].bypass_cache ? " past all caches" : ""));
-        }
-    }
-
-    std::vector<Entry> Look() {
-        std::vector<Entry> all;
-        for (Form* form : tool_->screen.forms()) {
-            const bool main = form == &tool_->main_form;
-            if (!main && form != &tool_->script_edit_form) continue;
-            for (const Control* control : form->controls()) {
-                const bool array = control->name() != control->base_name();
-                // The line's own labels say what the frames say.
-                if (control->base_name().starts_with("Label")) continue;
-                // The addresses beside the listing follow ListTop.
-                if (control->base_name() == "lblMem") continue;
-                for (const auto& [property, value] : control->Properties()) {
-                    if (property == "kind" || property == "usable") continue;
-                    // These say it as it happens.
-                    if (control == &tool_->main_form.lblMemoryBlock) continue;
-                    if (control == &tool_->script_edit_form.lblTopStatus) continue;
-                    if (const auto* tabs = std::get_if<std::vector<TabState>>(&value)) {
-                        LookAtTabs(*tabs, all);
-                    } else {
-                        all.push_back({property, control->base_name(),
-                                       array ? control->index() : -1, ValueText(value)});
-                    }
-                }
-            }
-            all.push_back({"focus", form->name(), -1, FocusOf(*form)});
-            all.push_back({"height", form->name(), -1, std::to_string(form->Height())});
-            all.push_back({"visible", form->name(), -1, form->Visible() ? "true" : "false"});
-        }
-        for (const SessionVariable& variable : SessionVariables(*tool_)) {
-            const bool noise = variable.name == "ReplyBuffer" || variable.name == "FrameBuffer" ||
-                               variable.name == "CommandDone" || variable.name == "MacroMemory";
-            if (!noise) all.push_back({"", variable.name, -1, ValueText(variable.get())});
-        }
-        LookAtImage(all);
-        all.push_back({"", "beeps", -1, std::to_string(world_.sound.beeps())});
-        return all;
-    }
-    static std::string FocusOf(const Form& form) {
-        const Control* focused = form.Focused();
-        if (!focused) return "none";
-        const auto* box = dynamic_cast<const TextBox*>(focused);
-        return focused->name() +
-               (box ? " (" + std::to_string(box->SelLength()) + " selected)" : "");
-    }
-    static void LookAtTabs(const std::vector<TabState>& tabs, std::vector<Entry>& all) {
-        for (std::size_t i = 0; i < tabs.size(); ++i) {
-            all.push_back(
-                {"enabled", "tab", static_cast<int>(i), tabs[i].enabled ? "true" : "false"});
-            all.push_back(
-                {"visible", "tab", static_cast<int>(i), tabs[i].visible ? "true" : "false"});
-        }
-    }
-    void LookAtImage(std::vector<Entry>& all) {
-        const MacroMemory& image = tool_->macro_editor.state().image;
-        for (int at = 0; at < 256; ++at) {
-            const auto first = static_cast<std::size_t>(2 * at);
-            all.push_back(
-                {"", "image", at, HexByte(image.Get(first)) + " " + HexByte(image.Get(first + 1))});
+        for (; fetches_ < world_.http.requests().size(); ++fetches_) {
+            const auto& fetch = world_.http.requests()[fetches_];
+            log_.push_back("fetches " + fetch.url + (fetch.bypass_cache ? " past all caches" : ""));
         }
     }
 
@@ -526,25 +356,18 @@ class Player : private ScreenListener, private JournalObserver {
     void Tell(bool quiet = false) {
         const std::size_t before = out_.size();
         TakeOutside();
-        const auto& boxes = world_.boxes.shown();
-        for (; boxes_ < boxes.size(); ++boxes_) {
-            log_.push_back("box " + Quoted(boxes[boxes_].title + "|" + boxes[boxes_].text));
+        for (; boxes_ < world_.boxes.shown().size(); ++boxes_) {
+            const auto& box = world_.boxes.shown()[boxes_];
+            log_.push_back("box " + Quoted(box.title + "|" + box.text));
         }
         TellLog();
-        std::vector<Entry> now = Look();
-        std::vector<std::string> order;
-        std::map<std::string, std::vector<std::pair<std::string, int>>> groups;
-        for (std::size_t i = 0; i < now.size(); ++i) {
-            if (now[i].value == seen_[i].value) continue;
-            const std::string group =
-                now[i].property + (now[i].property.empty() ? "" : " ") + now[i].value;
-            if (groups[group].empty()) order.push_back(group);
-            groups[group].emplace_back(now[i].base, now[i].index);
-        }
-        for (const std::string& group : order) {
-            out_ += "    " + group + ": " + NameList(groups[group]) + "\n";
-        }
+        std::vector<Seen> now = LookAt(*tool_);
+        for (const std::string& line : Differences(seen_, now)) out_ += "    " + line + "\n";
         seen_ = std::move(now);
+        if (beeps_ != world_.sound.beeps()) {
+            beeps_ = world_.sound.beeps();
+            out_ += "    " + std::to_string(beeps_) + ": beeps\n";
+        }
         if (quiet) out_.resize(before);
     }
 
@@ -556,11 +379,13 @@ class Player : private ScreenListener, private JournalObserver {
     std::unique_ptr<MemoryPeer> memory_;
     std::optional<Tool> tool_;
     std::vector<std::string> log_;
-    std::vector<Entry> seen_;
+    std::vector<Seen> seen_;
+    // How many have been told.
     std::size_t frames_ = 0;
     std::size_t boxes_ = 0;
     std::size_t fetches_ = 0;
     std::size_t asked_ = 0;
+    int beeps_ = 0;
 };
 
 }  // namespace
