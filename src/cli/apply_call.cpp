@@ -6,26 +6,12 @@
 #include "cli/configuration_files.h"
 #include "cli/fleet_list.h"
 #include "cli/report_lines.h"
+#include "configuration/engine.h"
 
 namespace kestrane {
 namespace {
 
 using Result = ApplyReport::Result;
-
-// Prints a report and gives the exit status that it stands for.
-int StatusOf(const ApplyReport& report) {
-    switch (report.result) {
-        case Result::kDifferent:
-            return kExitDifferences;
-        case Result::kRefused:
-            return kExitUsage;
-        case Result::kFailed:
-        case Result::kNotBegun:
-            return kExitUnit;
-        default:
-            return kExitDone;
-    }
-}
 
 // What `apply` and `set` have in common: the options that say how, and the way through a unit.
 class WritingCall : public Call {
@@ -124,13 +110,6 @@ class WritingCall : public Call {
     SettingValues own_;  // of one unit of many
 };
 
-template <class T>
-std::unique_ptr<Call> CopyForUnit(const T& call, const FleetUnit& unit) {
-    auto copy = std::make_unique<T>(call);
-    copy->UseUnit(unit);
-    return copy;
-}
-
 class ApplyCall : public WritingCall {
   public:
     std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
@@ -188,7 +167,7 @@ class ApplyCall : public WritingCall {
                 context.print(line);
             }
         }
-        return report.declined ? int{kExitDifferences} : StatusOf(report);
+        return report.declined ? int{kExitDifferences} : ExitStatusOf(report);
     }
 
   private:
@@ -236,7 +215,7 @@ class SetCall : public WritingCall {
         Complain(context, report);
         context.Publish(ReportAsJson(report), json_);
         if (!json_ && report.result != Result::kRefused) PrintInOrder(context, report);
-        return report.declined ? int{kExitDifferences} : StatusOf(report);
+        return report.declined ? int{kExitDifferences} : ExitStatusOf(report);
     }
 
   private:
@@ -278,154 +257,9 @@ class SetCall : public WritingCall {
     std::vector<Assignment> given_;
 };
 
-class DiffCall : public Call {
-  public:
-    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
-        return CopyForUnit(*this, unit);
-    }
-    bool TakesManyUnits() const override { return true; }
-    void UseUnit(const FleetUnit& unit) {
-        own_ = SettingValues(unit.values.begin(), unit.values.end());
-    }
-    const char* name() const override { return "diff"; }
-    const char* description() const override {
-        return "Compare a configuration file with the unit, or two files; exit status 3 for "
-               "differences";
-    }
-
-    void AddTo(CLI::App& app) override {
-        app.add_option("FILE", paths_, "A configuration file, and perhaps a second one")
-            ->required()
-            ->expected(1, 2);
-        filter_.AddTo(app);
-        app.add_flag("--json", json_, "Print one JSON object");
-    }
-    bool PrintsJson() const override { return json_; }
-
-    std::string Check(Tool& tool) override {
-        files_.assign(paths_.size(), {});
-        for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(tool.link.platform().disk, paths_[i]);
-        return filter_.Check();
-    }
-    std::vector<std::string> FileFaults() const override {
-        std::vector<std::string> all;
-        for (const ConfigurationFiles& file : files_) {
-            all.insert(all.end(), file.faults.begin(), file.faults.end());
-        }
-        return all;
-    }
-
-    int Run(CallContext& context) override {
-        for (const std::string& line : FileFaults()) context.ErrorLine(line);
-        for (const ConfigurationFiles& file : files_) {
-            for (const std::string& line : file.notes) context.ErrorLine(line);
-        }
-        if (!FileFaults().empty()) return kExitUsage;
-        const ApplyReport report = files_.size() == 2 ? CompareFiles() : CompareWithUnit(context);
-        if (!report.error.empty()) context.complain(report.error);
-        context.Publish(ReportAsJson(report), json_);
-        if (!json_ && report.error.empty()) {
-            for (const std::string& line : ReportLines(report, {context.colours, false, true})) {
-                context.print(line);
-            }
-        }
-        return StatusOf(report);
-    }
-
-  private:
-    ApplyReport CompareFiles() const {
-        ApplyReport report =
-            CompareValues(files_[0].values, files_[1].values, filter_.filter());
-        report.unit = paths_[0];
-        return report;
-    }
-
-    ApplyReport CompareWithUnit(CallContext& context) const {
-        ApplyRequest request;
-        request.wanted = files_[0].values;
-        request.filter = filter_.filter();
-        request.own = own_;
-        request.compare_only = true;
-        UnitSession session(context.tool, context.options.timeout_limit());
-        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
-        ApplyReport report = Apply(session, request);
-        session.Disconnect();
-        return report;
-    }
-
-    std::vector<std::string> paths_;
-    std::vector<ConfigurationFiles> files_;
-    FilterOptions filter_;
-    SettingValues own_;  // of one unit of many
-    bool json_ = false;
-};
-
-class BackupCall : public Call {
-  public:
-    std::unique_ptr<Call> ForUnit(const FleetUnit& unit) const override {
-        return CopyForUnit(*this, unit);
-    }
-    bool TakesManyUnits() const override { return true; }
-    std::string FolderForUnits() const override { return folder_; }
-    void UseUnit(const FleetUnit& unit) {
-        if (!folder_.empty()) path_ = folder_ + "/" + FileNameOf(unit);
-    }
-    const char* name() const override { return "backup"; }
-    const char* description() const override {
-        return "Read every tab and the macro, and write them as a configuration file";
-    }
-
-    void AddTo(CLI::App& app) override {
-        app.add_option("FILE", path_, "The file to write; without it standard output");
-        app.add_flag("--secrets", secrets_,
-                     "Include what is secret and readable; the file is for its owner alone then");
-        app.add_option("--into", folder_, "With --units: the folder for a file of each unit");
-    }
-
-    std::string Check(Tool& tool) override {
-        if (path_.empty()) return {};
-        const auto why = tool.link.platform().disk.WhyNotWritable(path_);
-        return why ? "cannot write " + path_ + ": " + *why : std::string();
-    }
-
-    int Run(CallContext& context) override {
-        if (!folder_.empty() && path_.empty()) {
-            context.complain("--into needs --units; name a file for one unit");
-            return kExitUsage;
-        }
-        UnitSession session(context.tool, context.options.timeout_limit());
-        const InterruptHandler handler(context, [&session] { session.Interrupt(); });
-        const Backup backup = ReadBackup(session, secrets_);
-        session.Disconnect();
-        if (!backup.error.empty()) {
-            context.complain(backup.error + "; no backup was written");
-            return kExitUnit;
-        }
-        std::string text = WriteConfiguration(backup.unit, backup.values, backup.left_out);
-        if (path_.empty()) {
-            text.pop_back();  // its line end
-            context.print(text);
-            return kExitDone;
-        }
-        const auto why = context.tool.link.platform().disk.Replace(
-            path_, text,
-            secrets_ ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
-        if (!why) return kExitDone;
-        context.complain("cannot write " + path_ + ": " + *why);
-        return kExitUnit;
-    }
-
-  private:
-    std::string path_;
-    std::string folder_;
-    bool secrets_ = false;
-};
-
 }  // namespace
 
 std::unique_ptr<Call> MakeApplyCall() { return std::make_unique<ApplyCall>(); }
 std::unique_ptr<Call> MakeSetCall() { return std::make_unique<SetCall>(); }
-std::unique_ptr<Call> MakeDiffCall() { return std::make_unique<DiffCall>(); }
-std::unique_ptr<Call> MakeBackupCall() { return std::make_unique<BackupCall>(); }
 
 }  // namespace kestrane

@@ -104,6 +104,14 @@ class Call {
     virtual std::vector<std::string> FileFaults() const { return {}; }
 };
 
+// What ForUnit gives: a copy that has been told of its unit.
+template <class T>
+std::unique_ptr<Call> CopyForUnit(const T& call, const FleetUnit& unit) {
+    auto copy = std::make_unique<T>(call);
+    copy->UseUnit(unit);
+    return copy;
+}
+
 std::vector<std::unique_ptr<Call>> AllCalls();
 
 }  // namespace kestrane

@@ -6,8 +6,7 @@
 #include <vector>
 
 #include "cli/assignments.h"
-#include "configuration/backup.h"
-#include "configuration/engine.h"
+#include "configuration/report.h"
 #include "platform/file_store.h"
 
 namespace CLI {

@@ -1,5 +1,6 @@
 #include "cli/report_lines.h"
 
+#include "cli/call.h"
 #include "text/utf8.h"
 
 namespace kestrane {
@@ -99,6 +100,20 @@ Json ReportAsJson(const ApplyReport& report) {
             {"changes", std::move(changes)},
             {"left_alone", std::move(left_alone)},
             {"error", report.error.empty() ? Json() : Json(report.error)}};
+}
+
+int ExitStatusOf(const ApplyReport& report) {
+    switch (report.result) {
+        case ApplyReport::Result::kDifferent:
+            return kExitDifferences;
+        case ApplyReport::Result::kRefused:
+            return kExitUsage;
+        case ApplyReport::Result::kFailed:
+        case ApplyReport::Result::kNotBegun:
+            return kExitUnit;
+        default:
+            return kExitDone;
+    }
 }
 
 }  // namespace kestrane

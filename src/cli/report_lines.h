@@ -25,4 +25,7 @@ std::vector<std::string> ReportLines(const ApplyReport& report, const ReportStyl
 // Secrets are "(secret)".
 Json ReportAsJson(const ApplyReport& report);
 
+// The exit status that a report stands for.
+int ExitStatusOf(const ApplyReport& report);
+
 }  // namespace kestrane
