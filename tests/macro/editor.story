@@ -5,6 +5,9 @@
 edit 50
     says "Download completed."
     operation "Download Macro" stopped
+    back 2147483663: cmdConnect, cmdDownload, cmdUpload
+    caption "Socket is closed": lblNotLoggedIn
+    fore 65280: lblNotLoggedIn
     caption "": lblTitle, lblTitle2
     visible false: lblFuseNo(14-15), pbLED(15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216), cmdInsertCommand(192-197 199)
     caption "00": lblMem1(0-15), lblMem2(0-15)
@@ -14,7 +17,6 @@ edit 50
     enabled false: cmdReadLocks, cmdInsertCommand(199), cmdGoTo, cmdUpload, cmdLoadFile, cmdSaveFile
     caption "SUPPLY LOSS INT": cmdInsertCommand(192)
     caption "SUPPLY BACK INT": cmdInsertCommand(193)
-    back 2147483663: cmdDownload, cmdUpload
     enabled true: timUpdate, timUDColour
     16: MemPointer, ListTop
 click cmdInsertCommand(81)
@@ -57,9 +59,6 @@ edit 50
     says ""
     says "Download completed."
     operation "Download Macro" stopped
-    back 2147483663: cmdConnect
-    caption "Socket is closed": lblNotLoggedIn
-    fore 65280: lblNotLoggedIn
     value 0: chkAutoIncrement, chkOutGroup1(4)
     text "00": txtGroup1
     text "10": txtGoTo
@@ -102,9 +101,6 @@ edit 50
     says ""
     says "Download completed."
     operation "Download Macro" stopped
-    back 2147483663: cmdConnect
-    caption "Socket is closed": lblNotLoggedIn
-    fore 65280: lblNotLoggedIn
     enabled true: timUpdate, timUDColour
     visible true: frmScriptEdit
     false: MacroChanged

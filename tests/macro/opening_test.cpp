@@ -25,38 +25,6 @@ TEST_F(Opening, TakesNamesAndTriggersThatAreThere) {
         kOpening);
 }
 
-// Each row of the table of what is shown on which type of unit.
-TEST(EditorLayout, FollowsTheUnitType) {
-    for (const auto type : {unit::UnitType::kCms, unit::UnitType::k636, unit::UnitType::kSingle}) {
-        EditorOnUnit world(unit::UnitOptions{.type = type});
-        const ScriptEditForm& editor = world.editor;
-        world.InEditor([&] {
-            const bool cms = type == unit::UnitType::kCms;
-            const bool two = type != unit::UnitType::kSingle;
-            for (const int opcode : {3, 4, 198}) {
-                EXPECT_TRUE(editor.cmdInsertCommand(opcode).Visible());
-            }
-            for (const int opcode : {192, 193, 194, 195, 196, 197, 199}) {
-                EXPECT_EQ(editor.cmdInsertCommand(opcode).Visible(), cms) << opcode;
-            }
-            EXPECT_EQ(editor.cmdInsertCommand(192).Caption(),
-                      cms ? "CHANGE OVER INT" : "SUPPLY LOSS INT");
-            EXPECT_EQ(editor.cmdInsertCommand(193).Caption(),
-                      cms ? "CHANGE BACK INT" : "SUPPLY BACK INT");
-            for (const Control* control : std::initializer_list<const Control*>{
-                     &editor.imgFuse(15), &editor.pbLED(15), &editor.lblDesi(116),
-                     &editor.lblDesi(216), &editor.imgFuse2Block, &editor.imgFuse7Block(0),
-                     &editor.imgFuse7Block(1), &editor.lblFuseNo(14), &editor.lblFuseNo(15)}) {
-                EXPECT_EQ(control->Visible(), two) << control->name();
-            }
-            EXPECT_TRUE(editor.pbLED(14).Visible());
-            if (!two) return;
-            EXPECT_EQ(editor.lblFuseNo(14).Caption(), cms ? "M" : "A");
-            EXPECT_EQ(editor.lblFuseNo(15).Caption(), "B");
-        });
-    }
-}
-
 // The form is complete by name, and each name leads to its own control.
 TEST(EditorForm, FindsEachControlByItsName) {
     ToolOnLine tool;

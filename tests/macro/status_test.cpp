@@ -122,47 +122,6 @@ TEST_F(Status, IsPolledTenTimesASecond) {
     });
 }
 
-TEST_F(Status, ColoursOnlyButtonsThatCannotBePressed) {
-    InEditor([&] {
-        record = Record(0x0002, 0, 0, 0);
-        Wait(500);
-        EXPECT_EQ(editor.cmdOn(1).BackColor(), kGreen);
-        EXPECT_EQ(editor.cmdOff(1).BackColor(), 0x8080FFu);
-        for (Button& button : editor.cmdOn) button.SetEnabled(false);
-        Wait(500);
-        EXPECT_EQ(editor.cmdOn(1).BackColor(), 0xC0FFC0u);
-        EXPECT_EQ(editor.cmdOff(1).BackColor(), kButtonFace);
-        EXPECT_EQ(editor.cmdOn(2).BackColor(), kButtonFace);
-        EXPECT_EQ(editor.cmdOff(2).BackColor(), 0x8080FFu);
-    });
-}
-
-TEST_F(Status, IsFollowedByTheCursorInTraceOnly) {
-    InEditor([&] {
-        record = Record(0, 0, 0, 0x45);
-        Wait(500);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
-        SetChecked(editor.chkTrace, true);
-        Wait(500);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x45);
-        EXPECT_EQ(state.ListRow, 7);
-        // The scroll bar refuses what lies outside its range; the lights move all the same.
-        for (const int pointer : {0x00, 0x0F, 0x80, 0xFF}) {
-            record = Record(0, 1 << (pointer & 7), 0, pointer);
-            Wait(500);
-            EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x45);
-            EXPECT_EQ(Light(pointer & 7), kLampGreen);
-        }
-        record = Record(0, 0, 0, 0x7F);
-        Wait(500);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7F);
-        SetChecked(editor.chkTrace, false);
-        record = Record(0, 0, 0, 0x20);
-        Wait(500);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 0x7F);
-    });
-}
-
 // A tick that is handled in one go with the reader's, before the wait has seen the answer.
 TEST_F(Status, IsTakenByTheNextTickIfThatComesFirst) {
     InEditor([&] {

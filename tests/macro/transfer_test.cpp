@@ -66,34 +66,6 @@ TEST_F(MacroTransfer, TakesLittleMoreThanItsExchanges) {
     });
 }
 
-// A failed block leaves the loop running: its 16 bytes come from the reply before it.
-TEST_F(MacroTransfer, IsBlindToFailedBlocks) {
-    InEditor([&] {
-        FillUnit([n = 0]() mutable { return 0x20 + n++ / 16; });
-        Wait(1500);
-        peer.line().PassNext(5);
-        peer.line().DropNext(1);
-        Click(editor.cmdDownload);
-        EXPECT_EQ(state.image.Get(0x20 + 4 * 16), 0x24);
-        EXPECT_EQ(state.image.Get(0x20 + 5 * 16), 0x24);
-        EXPECT_EQ(state.image.Get(0x20 + 6 * 16), 0x26);
-        EXPECT_EQ(editor.lblTopStatus.Caption(), "Download completed.");
-
-        FillEditor([] { return 0x55; });
-        FillUnit([] { return 0xEE; });
-        // Without the right to write macros each block has its refusal, and the next one follows.
-        peer.unit().Relay().Set(unit::kPrivileges, 0);
-        const auto boxes = world.boxes.shown().size();
-        world.tcpsend.ClearSent();
-        Click(editor.cmdUpload);
-        EXPECT_EQ(SentCommands(kWriteMemory).size(), kBlocks);
-        EXPECT_EQ(world.boxes.shown().size() - boxes, kBlocks);
-        EXPECT_EQ(LastBox(), "Privileges|Denied due to privilege settings");
-        EXPECT_EQ(UnitProgram(), std::string(224, '\xEE'));
-        EXPECT_EQ(editor.lblTopStatus.Caption(), "Upload completed.");
-    });
-}
-
 TEST_F(MacroTransfer, LeavesABlockUnchangedForAShortReply) {
     InEditor([&] {
         FillUnit([] { return 0x22; });

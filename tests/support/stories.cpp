@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -57,12 +58,15 @@ class StoriesOfAFile : public testing::Test {
 
 bool RegisterStories(const std::string& folder, StoryPlayer player) {
     namespace fs = std::filesystem;
+    // "MacroStories", so that no two programs have a case of the same name.
+    std::string suite = folder + "Stories";
+    suite[0] = static_cast<char>(std::toupper(suite[0]));
     bool any = false;
     for (const auto& entry :
          fs::directory_iterator(fs::path(KESTRANE_SOURCE_DIR) / "tests" / folder)) {
         const fs::path path = entry.path();
         if (path.extension() != ".story") continue;
-        testing::RegisterTest("Stories", path.stem().c_str(), nullptr, nullptr, path.c_str(), 1,
+        testing::RegisterTest(suite.c_str(), path.stem().c_str(), nullptr, nullptr, path.c_str(), 1,
                               [=]() -> testing::Test* { return new StoriesOfAFile(path, player); });
         any = true;
     }

@@ -251,8 +251,7 @@ class Player : private ScreenListener, private JournalObserver {
             Act(later);
         });
     }
-    // The editor is modal: what is done in it runs as an event of its own, `opening` after it was
-    // asked for.
+    // The editor is modal: what is done in it runs as an event of its own, after `opening`.
     void Edit(milliseconds opening, bool quiet) {
         bool returned = false;
         world_.time.After(milliseconds{1}, [&] {
@@ -260,10 +259,16 @@ class Player : private ScreenListener, private JournalObserver {
             returned = true;
         });
         ScriptEditForm& form = tool_->script_edit_form;
-        world_.time.After(opening, [this, quiet, &form] {
-            Tell(quiet);
-            PlayLines();
-            if (form.Visible()) Expect(tool_->hand.Close(form));
+        world_.time.After(opening, [&] {
+            // A poll that waits now could not go on before the lines have been played.
+            const bool polling = form.timUpdate.Enabled();
+            form.timUpdate.SetEnabled(false);
+            world_.time.After(milliseconds{230}, [this, polling, quiet, &form] {
+                form.timUpdate.SetEnabled(polling);
+                Tell(quiet);
+                PlayLines();
+                if (form.Visible()) Expect(tool_->hand.Close(form));
+            });
         });
         world_.loop.RunUntil([&] { return returned; }, std::chrono::hours{2});
         Tell();
