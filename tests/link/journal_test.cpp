@@ -4,8 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "support/tool_on_line.h"
 
 namespace kestrane {
@@ -155,48 +153,6 @@ TEST_F(JournalTest, AnOperationKeepsTheAddressThatItBeganWith) {
         throw ProgramEnded{0};
     });
     EXPECT_THROW(Read(""), ProgramEnded);
-}
-
-// Whatever comes between, a clean read works at the end.
-TEST(Supervision, RandomConnectsErrorsAndDisconnectsEndInAStateThatReads) {
-    for (unsigned seed = 1; seed <= 5; ++seed) {
-        ToolOnUnit line;
-        std::mt19937 random(seed);
-        line.world.loop.set_several([&random] { return static_cast<int>(random() % 3); });
-        for (int i = 0; i < 500; ++i) {
-            using Answer = FakeSocket::ConnectAnswer;
-            switch (random() % 6) {
-                case 0:
-                    line.world.tcpsend.set_connect_answer(Answer::kRefuse);
-                    line.tool.hand.Click(line.form.cmdConnect);
-                    break;
-                case 1:
-                    line.world.tcpsend.set_connect_answer(Answer::kAccept);
-                    line.tool.hand.Click(line.form.cmdConnect);
-                    break;
-                case 2:
-                    line.world.tcpsend.ResetByPeer();
-                    break;
-                case 3:
-                    line.world.tcpsend.CloseByPeer();
-                    break;
-                case 4:
-                    line.tool.hand.Click(line.form.cmdDisconnect);
-                    break;
-                default:
-                    line.After(
-                        1, [&line] { line.tool.hand.Click(line.network.cmdReadNetworkSettings); });
-            }
-            line.Wait(static_cast<int>(random() % 1500));
-        }
-        line.world.loop.set_several(nullptr);
-        line.world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kAccept);
-        line.tool.hand.Click(line.form.cmdDisconnect);
-        line.Wait(2000);
-        line.ReadSettings();
-        EXPECT_EQ(line.network.txtIPAddress.Text(), "192.168.10.100") << seed;
-        EXPECT_TRUE(line.network.cmdWriteNetworkSettings.Usable()) << seed;
-    }
 }
 
 }  // namespace
