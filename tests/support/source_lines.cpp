@@ -1,7 +1,10 @@
 #include "support/source_lines.h"
 
+#include <sstream>
+
 #include "macro/assembler.h"
 #include "macro/macro_check.h"
+#include "macro/timeline.h"
 #include "support/story_words.h"
 #include "text/text.h"
 
@@ -35,17 +38,32 @@ std::vector<std::string> Assembled(const std::string& source) {
     return lines;
 }
 
+// The run of ten minutes from 10 on, as text, CSV and drawing.
+std::vector<std::string> Timelines(const std::string& source) {
+    const MacroMemory image = Assemble(source).program.image;
+    const auto run = simulation::Simulate(ImageOf(image), {simulation::UnitType::kCms, 0x10, 0}, {},
+                                          std::chrono::minutes{10});
+    std::vector<std::string> lines = TimelineAsText(run, image);
+    std::istringstream rest(TimelineAsCsv(run, image) +
+                            TimelineAsSvg(run, "5 < 6 & \"up\" > down"));
+    for (std::string line; std::getline(rest, line);) lines.push_back(line);
+    return lines;
+}
+
 }  // namespace
 
 std::optional<std::vector<std::string>> TellOfSource(const std::string& line) {
     const std::size_t blank = line.find(' ');
     const std::string verb = line.substr(0, blank);
-    if (verb != "assemble" && verb != "check") return {};
+    if (verb != "assemble" && verb != "check" && verb != "timeline") return {};
     std::string source = blank == std::string::npos ? "" : line.substr(blank + 1);
     for (std::size_t at = 0; (at = source.find("\\n", at)) != std::string::npos;) {
         source.replace(at, 2, "\n");
     }
-    return verb == "check" ? Findings(Unescaped(source)) : Assembled(Unescaped(source));
+    source = Unescaped(source);
+    return verb == "check"      ? Findings(source)
+           : verb == "timeline" ? Timelines(source)
+                                : Assembled(source);
 }
 
 }  // namespace kestrane

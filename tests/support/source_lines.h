@@ -1,7 +1,7 @@
 #pragma once
 
-// Lines of a story that need no tool: "assemble ON 1 1\\nStop" and "check ...", a source text to
-// the end of the line.
+// Lines of a story that need no tool: "assemble ON 1 1\\nStop" "check ..." and
+// "timeline ...", a source text to the end of the line.
 
 #include <optional>
 #include <string>
@@ -9,7 +9,8 @@
 
 namespace kestrane {
 
-// Faults and bytes of the text, or its findings; nothing where the line is another one.
+// Faults and bytes of the text, its findings, or how it runs; nothing where the line is another
+// one.
 std::optional<std::vector<std::string>> TellOfSource(const std::string& line);
 
 }  // namespace kestrane
