@@ -8,6 +8,7 @@
 #include "forms/latin1.h"
 #include "forms/layout.h"
 #include "forms/progress.h"
+#include "macro/source_words.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -312,11 +313,17 @@ void ScriptEditWindow::ShowEdits() {
     show(redo_, "Redo", edits.history().RedoName());
 }
 
+// What is wrong with a trigger shows on the line that it goes to.
+std::optional<std::uint8_t> ScriptEditWindow::TargetOf(int trigger) const {
+    return HexPair(checked_->triggers[static_cast<std::size_t>(trigger)].address);
+}
+
 void ScriptEditWindow::FindFindings() {
     checked_ = editor_.edits().history().Now();
     findings_.clear();
     for (Finding& finding : editor_.edits().Findings()) {
-        if (finding.address) findings_[*finding.address].push_back(std::move(finding));
+        const auto address = finding.trigger ? TargetOf(*finding.trigger) : finding.address;
+        if (address) findings_[*address].push_back(std::move(finding));
     }
 }
 

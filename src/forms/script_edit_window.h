@@ -60,6 +60,7 @@ class ScriptEditWindow : public FormWindow {
     void ShowEdits();
     void ShowRow(int row);
     void FindFindings();
+    std::optional<std::uint8_t> TargetOf(int trigger) const;
     int Cursor() const { return form_.scrListScroll.ScrollValue(); }
     std::string TipOf(const Control& control) const;
     std::string TipOfLine(int row) const;

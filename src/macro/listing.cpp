@@ -1,23 +1,20 @@
 #include "macro/listing.h"
 
-#include <utility>
-
 #include "macro/instruction_set.h"
+#include "macro/standard_program.h"
 #include "text/text.h"
 
 namespace kestrane {
 namespace {
 
 constexpr int kRows = ScriptEditForm::kRows;
-// In trace the cursor stands in this row, but at the ends of the address space.
+// In trace the cursor stands in this row, except at the ends of the address space.
 constexpr int kMiddleRow = 7;
 constexpr int kLastTop = 0xFF - kRows;
 
 void Show(Label& label, const std::string& text) {
     if (label.Caption() != text) label.SetCaption(text);
 }
-
-constexpr std::uint8_t kHalfSecond = 0x05;
 
 // READ LOCKS can load these. Lock and latch masks are left out, and that is meant.
 bool IsInhibit(std::uint8_t opcode) {
@@ -100,28 +97,9 @@ void Listing::cmdClearMem_Click() {
     }
 }
 
-// The front switch turns the outlets on one by one, and off the other way round.
 void Listing::cmdBasicSettings_Click() {
-    constexpr std::pair<std::uint8_t, std::uint8_t> kBegin[] = {
-        {0xC6, 0x03},  // alarm: flash and beep
-        {0x03, 0x00},  // GPIs off while the interrupts are set
-        {0xD2, 0x1A}, {0xD3, 0x2A}, {0x04, 0x00},
-    };
-    constexpr std::uint8_t kTurnOn = 0x1A;
-    constexpr std::uint8_t kTurnOff = 0x2A;
-
     cmdClearMem_Click();
-    const auto put = [this](int address, int opcode, int second) {
-        const std::size_t index = 2 * static_cast<std::size_t>(address);
-        state_.image.Set(index, static_cast<std::uint8_t>(opcode));
-        state_.image.Set(index + 1, static_cast<std::uint8_t>(second));
-    };
-    int address = kFirstMacroAddress;
-    for (const auto& [opcode, second] : kBegin) put(address++, opcode, second);
-    for (int i = 0; i < kOutletCount; ++i) {
-        put(kTurnOn + i, OutletOpcode(Effect::kTurnsOnOrSkips, i + 1), kHalfSecond);
-        put(kTurnOff + i, OutletOpcode(Effect::kTurnsOffOrSkips, kOutletCount - i), kHalfSecond);
-    }
+    WriteStandardProgram(state_.image);
     RefreshListing();
 }
 

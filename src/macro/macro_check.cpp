@@ -62,9 +62,13 @@ std::optional<Finding> CheckTriggerAddress(int row, const TriggerRow& fields, So
     if (!fields.enabled) return std::nullopt;
     const auto address = HexPair(fields.address);
     if (address && OperandInRange(Operand::kAddress, *address)) return std::nullopt;
-    return Finding{place, std::nullopt, kError, "trigger",
+    return Finding{place,
+                   std::nullopt,
+                   kError,
+                   "trigger",
                    TriggerName(row) + " is enabled and its address \"" +
-                       FromByteText(fields.address) + "\" is not one from 10 to 7E"};
+                       FromByteText(fields.address) + "\" is not one from 10 to 7E",
+                   row};
 }
 
 // The lines of a macro file, apart from what its bytes mean.

@@ -19,8 +19,9 @@ struct Finding {
     SourcePlace place;                    // line from 1, after the last for what is missing
     std::optional<std::uint8_t> address;  // of the instruction, if it is about one
     Severity severity = Severity::kError;
-    std::string_view kind;  // one word, as "operand"
-    std::string text;       // one sentence, in UTF-8
+    std::string_view kind;            // one word, as "operand"
+    std::string text;                 // one sentence, in UTF-8
+    std::optional<int> trigger = {};  // its row, if it is about one
 
     bool IsWarning() const { return severity == Severity::kWarning; }
 };

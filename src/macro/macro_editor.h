@@ -4,9 +4,9 @@
 // closed at any time, also in the middle of its own opening; what is still waiting then ends
 // without touching anything.
 
+#include "macro/editor_files.h"
 #include "macro/go_to.h"
 #include "macro/inserts.h"
-#include "macro/macro_files.h"
 #include "macro/outlet_masks.h"
 #include "macro/program_edits.h"
 #include "macro/transfer.h"
@@ -31,7 +31,7 @@ class MacroEditor {
     void Form_Unload();
 
     EditorState& state() { return state_; }
-    MacroFiles& files() { return files_; }
+    EditorFiles& files() { return files_; }
     ProgramEdits& edits() { return edits_; }
     const std::string& unit_type() const { return session_.UnitType; }
     const std::optional<UnitStatus>& status() const { return poll_.last(); }
@@ -57,7 +57,7 @@ class MacroEditor {
     StatusPoll poll_;
     GoTo go_to_;
     Transfer transfer_;
-    MacroFiles files_;
+    EditorFiles files_;
 };
 
 }  // namespace kestrane

@@ -20,7 +20,7 @@ void EndLine(std::uint32_t sum, std::size_t start, std::string& file) {
     file += kLineEnd;
 }
 
-// A line that is too long keeps its whole text, with the checksum behind it.
+// A line that is too long keeps its whole text, with the checksum after it.
 void AppendTriggerLine(const TriggerRow& row, std::string& file) {
     const std::size_t start = file.size();
     file += PaddedTriggerName(row.name);

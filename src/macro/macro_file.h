@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "macro/macro_lines.h"
+#include "macro/macro_file_lines.h"
 #include "macro/macro_memory.h"
 
 namespace kestrane {
@@ -43,7 +43,7 @@ struct MacroFileResult {
         kOk,
         kTriggerChecksum,  // at `line`
         kCodeChecksum,     // at `line`
-        kEndsEarly,        // behind `line`, the last there is
+        kEndsEarly,        // after `line`, the last there is
     };
 
     Outcome outcome;
@@ -54,7 +54,7 @@ struct MacroFileResult {
 
 MacroFileResult ReadMacroFile(std::string_view content, MacroFileSink& sink);
 
-// If a row that was read changes the boxes; blanks around the name in the box don't count.
+// Whether a row that was read changes the boxes; blanks around the name in the box don't count.
 bool TriggerDiffers(const TriggerRow& read, const TriggerRow& boxes);
 
 inline constexpr std::string_view kChecksumErrorTitle = "Checksum Error.";

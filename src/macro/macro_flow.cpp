@@ -217,9 +217,9 @@ void Flow::FindUnprogrammed() {
         const auto& trigger = program_.triggers[i];
         const auto target = Target(trigger);
         if (!target || program_.programmed.test(*target)) continue;
-        findings_.push_back({trigger->place, std::nullopt, Finding::Severity::kWarning,
-                             "unprogrammed",
-                             "trigger " + std::to_string(i + 1) + ": " + text(*target)});
+        findings_.push_back(
+            {trigger->place, std::nullopt, Finding::Severity::kWarning, "unprogrammed",
+             "trigger " + std::to_string(i + 1) + ": " + text(*target), static_cast<int>(i)});
     }
 }
 

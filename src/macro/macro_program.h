@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "macro/macro_lines.h"
+#include "macro/macro_file_lines.h"
 #include "macro/macro_memory.h"
 
 namespace kestrane {

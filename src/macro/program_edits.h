@@ -35,7 +35,7 @@ class ProgramEdits {
 
     // The lines of these addresses as source text, in UTF-8.
     std::string Lines(std::uint8_t first, std::uint8_t last) const;
-    // Puts the lines of a source text at the cursor, which goes on behind them. Returns what is
+    // Puts the lines of a source text at the cursor, which goes on after them. Returns what is
     // wrong with the text; nothing has changed then.
     std::optional<std::string> Paste(std::string_view source);
 

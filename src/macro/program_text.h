@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "macro/assembler.h"
-#include "macro/macro_lines.h"
+#include "macro/macro_file_lines.h"
 
 namespace kestrane {
 

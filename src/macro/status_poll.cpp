@@ -75,7 +75,7 @@ void StatusPoll::timTrace_Timer() {
 void StatusPoll::ShowTrace(std::string_view record) {
     const auto status = ReadStatus(record);
     if (!status) return;
-    if (form_.chkTrace.Checked()) GoTo(status->macro_pointer);
+    if (form_.chkTrace.Checked()) MoveCursor(status->macro_pointer);
     ShowStatus(record);
 }
 
@@ -86,12 +86,12 @@ void StatusPoll::cmdGetStatus_Click() {
 // The list goes back to its start, wherever the macro is.
 void StatusPoll::ShowFromStart(std::string_view record) {
     if (!ReadStatus(record)) return;
-    GoTo(kFirstMacroAddress);
+    MoveCursor(kFirstMacroAddress);
     ShowStatus(record);
 }
 
 // The scroll bar refuses an address outside its range.
-void StatusPoll::GoTo(int address) {
+void StatusPoll::MoveCursor(int address) {
     if (form_.scrListScroll.ScrollValue() == address) return;
     if (form_.scrListScroll.SetScrollValue(address)) listing_.RefreshListing();
 }

@@ -43,7 +43,7 @@ class StatusPoll {
     void Exchange(bool& waiting, Show show);
     void ShowTrace(std::string_view record);
     void ShowFromStart(std::string_view record);
-    void GoTo(int address);
+    void MoveCursor(int address);
 
     ScriptEditForm& form_;
     Session& session_;

@@ -166,8 +166,8 @@ void Transfer::Upload(const Link::Operation& operation, const Visit& visit) {
 
 std::optional<std::string> Transfer::UnitInTheMidst() const {
     if (!state_.transferring || !upload_after_) return {};
-    const TransferBlocks blocks(link_.journal(), *upload_after_, true,
-                                session_.RelayAddress & 0xFF, kProgramRun);
+    const TransferBlocks blocks(link_.journal(), *upload_after_, true, session_.RelayAddress & 0xFF,
+                                kProgramRun);
     if (blocks.UnitUntouched()) return {};
     return blocks.WhatUnitHolds();
 }

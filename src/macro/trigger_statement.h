@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "macro/macro_lines.h"
+#include "macro/macro_file_lines.h"
 #include "macro/source_line.h"
 
 namespace kestrane {

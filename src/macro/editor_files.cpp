@@ -1,4 +1,4 @@
-#include "macro/macro_files.h"
+#include "macro/editor_files.h"
 
 #include <algorithm>
 
@@ -50,9 +50,9 @@ bool HasLinesOfBytes(std::string_view content) {
 
 }  // namespace
 
-MacroFiles::MacroFiles(ScriptEditForm& form, MainForm& main_form, Session& session,
-                       const Platform& platform, EditorState& state, Listing& listing,
-                       StatusPoll& poll)
+EditorFiles::EditorFiles(ScriptEditForm& form, MainForm& main_form, Session& session,
+                         const Platform& platform, EditorState& state, Listing& listing,
+                         StatusPoll& poll)
     : form_(form),
       main_form_(main_form),
       session_(session),
@@ -64,10 +64,10 @@ MacroFiles::MacroFiles(ScriptEditForm& form, MainForm& main_form, Session& sessi
     form.cmdLoadFile.on_click = [this] { cmdLoadFile_Click(); };
 }
 
-void MacroFiles::cmdSaveFile_Click() { Run(true); }
-void MacroFiles::cmdLoadFile_Click() { Run(false); }
+void EditorFiles::cmdSaveFile_Click() { Run(true); }
+void EditorFiles::cmdLoadFile_Click() { Run(false); }
 
-void MacroFiles::Run(bool save) {
+void EditorFiles::Run(bool save) {
     const Visit visit(state_);
     form_.chkTrace.SetChecked(false);
     poll_.StopTimers();
@@ -89,13 +89,13 @@ void MacroFiles::Run(bool save) {
     poll_.StartTimers();
 }
 
-TriggerRow MacroFiles::Row(int row) const {
+TriggerRow EditorFiles::Row(int row) const {
     const TriggersTab& triggers = main_form_.triggers;
     return {PaddedTriggerName(triggers.txtMTName(row).Text()), triggers.txtMTPage(row).Text(),
             triggers.txtMTAddress(row).Text(), triggers.chkMacro(row).Checked()};
 }
 
-std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
+std::optional<EditorFiles::Fault> EditorFiles::Save(const std::string& path) {
     TriggerRows rows;
     for (int i = 0; i < kTriggerRows; ++i) rows[static_cast<std::size_t>(i)] = Row(i);
     const std::string content = WriteMacroFile(NearestByteText(NameWithoutFolders(path)), rows,
@@ -109,7 +109,7 @@ std::optional<MacroFiles::Fault> MacroFiles::Save(const std::string& path) {
     return {};
 }
 
-std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
+std::optional<EditorFiles::Fault> EditorFiles::Load(const std::string& path) {
     const std::string name = NearestByteText(path);
     const FileStore::Content file = platform_.disk.Read(path);
     if (file.error) return Fault{"File Error.", "Cannot read " + name + ": " + *file.error + "."};
@@ -129,8 +129,8 @@ std::optional<MacroFiles::Fault> MacroFiles::Load(const std::string& path) {
 }
 
 // What was stored before a fault stays, so each text warns against an upload.
-std::optional<MacroFiles::Fault> MacroFiles::LoadFile(const std::string& name,
-                                                      std::string_view content) {
+std::optional<EditorFiles::Fault> EditorFiles::LoadFile(const std::string& name,
+                                                        std::string_view content) {
     Importer importer(main_form_.triggers, session_, state_);
     const MacroFileResult result = ReadMacroFile(content, importer);
     switch (result.outcome) {
@@ -148,7 +148,7 @@ std::optional<MacroFiles::Fault> MacroFiles::LoadFile(const std::string& name,
 }
 
 // A trigger that the source leaves out stays as it is.
-void MacroFiles::LoadSource(const MacroProgram& program) {
+void EditorFiles::LoadSource(const MacroProgram& program) {
     Importer importer(main_form_.triggers, session_, state_);
     for (std::size_t i = MacroMemory::kProgramBegin; i < MacroMemory::kProgramEnd; ++i) {
         importer.StoreByte(i, program.image.Get(i));

@@ -1,4 +1,4 @@
-#include "macro/macro_lines.h"
+#include "macro/macro_file_lines.h"
 
 #include <algorithm>
 

@@ -17,10 +17,10 @@
 
 namespace kestrane {
 
-class MacroFiles {
+class EditorFiles {
   public:
-    MacroFiles(ScriptEditForm& form, MainForm& main_form, Session& session,
-               const Platform& platform, EditorState& state, Listing& listing, StatusPoll& poll);
+    EditorFiles(ScriptEditForm& form, MainForm& main_form, Session& session,
+                const Platform& platform, EditorState& state, Listing& listing, StatusPoll& poll);
 
     void cmdSaveFile_Click();
     void cmdLoadFile_Click();
