@@ -4,6 +4,7 @@
 
 #include "macro/instruction_reader.h"
 #include "macro/instruction_set.h"
+#include "macro/trigger_statement.h"
 #include "text/text.h"
 #include "text/utf8.h"
 
@@ -80,16 +81,21 @@ std::string Escaped(std::string_view name) {
         if (c == '"' || c == '\\') text += '\\';
         text += c;
     }
-    return FromByteText(text);
+    return text;
 }
 
+// A row that source text can't hold becomes a remark, so that the program can still be assembled.
 std::string TriggerText(std::size_t number, const TriggerRow& row, const Names& names) {
     const auto address = HexPair(row.address);
     const std::string label = address ? names.At(*address) : std::string();
     std::string line = "trigger " + std::to_string(number) + " \"" + Escaped(row.name) + "\" ";
-    if (row.page != "0") line += "page " + FromByteText(row.page) + " ";
+    if (row.page != "0") line += "page " + row.page + " ";
     line += row.enabled ? "enabled " : "disabled ";
-    return line + (label.empty() ? FromByteText(row.address) : label) + "\n";
+    line += label.empty() ? row.address : label;
+    SourceLine source(line);
+    const TriggerStatement read = ReadTriggerStatement(source);
+    if (!read.faults.empty()) line = "; " + line + " ; " + read.faults.front().text;
+    return FromByteText(line) + "\n";
 }
 
 std::string LineOf(const MacroMemory& image, std::size_t address, std::string_view unit_type,

@@ -114,6 +114,11 @@ TEST(Disassembler, NamesTargetsAndTriggersAndLeavesStopsToAt) {
               "to_2C:\n"
               "at 30:\n"
               "Odd:\n");
+    // What the text can't hold is a remark, and the rest comes back.
+    program.triggers[3]->row.page = "A";
+    const std::string with_remark = Disassemble(program, "CMS");
+    EXPECT_THAT(with_remark, HasSubstr("\n; trigger 4 \"Hold\" page A disabled 00 ; a page is a"));
+    EXPECT_TRUE(Assemble(with_remark).program.image == program.image);
 }
 
 TEST(Disassembler, RandomImagesComeBack) {
