@@ -30,9 +30,9 @@ using simulation::Supply;
 
 // The parts of a unit that commands act on.
 struct Machine {
-    explicit Machine(const UnitOptions& options_in, Boards boards_in)
+    Machine(const UnitOptions& options_in, const Boards& boards_in)
         : options(options_in),
-          boards(std::move(boards_in)),
+          boards(boards_in),
           sensors(boards.relay),
           runner(boards.relay.Bytes().first<MacroRunner::kImageBytes>(), options_in.type),
           live(runner.Live()) {}

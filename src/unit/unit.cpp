@@ -8,7 +8,7 @@ namespace kestrane::unit {
 
 Unit::Unit(const UnitOptions& options) : Unit(options, DefaultBoards(options)) {}
 
-Unit::Unit(const UnitOptions& options, Boards boards) : machine_(options, std::move(boards)) {
+Unit::Unit(const UnitOptions& options, const Boards& boards) : machine_(options, boards) {
     PowerUp();
 }
 

@@ -23,7 +23,7 @@ class Unit {
   public:
     explicit Unit(const UnitOptions& options = {});
     // With memory kept from an earlier run.
-    Unit(const UnitOptions& options, Boards boards);
+    Unit(const UnitOptions& options, const Boards& boards);
 
     // The bytes that a connection on control port 1 to 3 sends, and the frames that it gets back,
     // joined. This is one connection a port; a server with more of them feeds parsers of its own

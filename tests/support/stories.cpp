@@ -64,7 +64,7 @@ bool RegisterStories(const std::string& folder, StoryPlayer player) {
     bool any = false;
     for (const auto& entry :
          fs::directory_iterator(fs::path(KESTRANE_SOURCE_DIR) / "tests" / folder)) {
-        const fs::path path = entry.path();
+        const fs::path& path = entry.path();
         if (path.extension() != ".story") continue;
         testing::RegisterTest(suite.c_str(), path.stem().c_str(), nullptr, nullptr, path.c_str(), 1,
                               [=]() -> testing::Test* { return new StoriesOfAFile(path, player); });
