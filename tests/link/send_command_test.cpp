@@ -138,6 +138,13 @@ TEST_F(SendCommand, OneWireRefusalLeavesWithoutABox) {
     EXPECT_FALSE(Send(Bytes({250, kOneWireMemory, 0x01, 0x01})));
     EXPECT_EQ(Sent().size(), 1u);
     EXPECT_TRUE(world.boxes.shown().empty());
+    // Nothing else does: neither other bytes nor the display board's refusal.
+    for (int i = 0; i < 4; ++i) peer.Reply("garbage");
+    EXPECT_FALSE(Send(Bytes({250, kOneWireMemory, 0x01, 0x01})));
+    EXPECT_EQ(Sent().size(), 4u);
+    for (int i = 0; i < 4; ++i) peer.Reply(Framed(Bytes({251, kOneWireMemory, 0x15})));
+    EXPECT_FALSE(Send(Bytes({251, kOneWireMemory, 0x01, 0x01})));
+    EXPECT_EQ(Sent().size(), 4u);
 }
 
 TEST_F(SendCommand, ADamagedTransmittedFrameEndsInComsClash1AndADisconnect) {
