@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstring>
 
 #include "common/command_table.h"
 #include "configuration/settings.h"
@@ -31,6 +32,13 @@ bool WriteLine(FILE* stream, const std::string& line) {
     const bool whole = std::fwrite(line.data(), 1, line.size(), stream) == line.size() &&
                        std::fputc('\n', stream) != EOF;
     return std::fflush(stream) == 0 && whole;
+}
+
+int StandardOutput::StatusAfter(int status,
+                                const std::function<void(const std::string&)>& complain) const {
+    if (error_ == 0) return status;
+    if (error_ != EPIPE) complain(std::string("standard output: ") + std::strerror(error_));
+    return kExitUnit;
 }
 
 void Complaints::operator()(const std::string& text) const {

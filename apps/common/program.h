@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,8 +25,9 @@ class StandardOutput {
     void Print(const std::string& line) {
         if (!WriteLine(stdout, line) && error_ == 0) error_ = errno;
     }
-    // The errno of the first line that did not get out; 0 if all have.
-    int error() const { return error_; }
+    // The exit status of a call that ends with `status`: 1, after a complaint, if a line did not
+    // get out. A reader that has seen enough, such as head, ends it without a word.
+    int StatusAfter(int status, const std::function<void(const std::string&)>& complain) const;
 
   private:
     int error_ = 0;

@@ -4,12 +4,11 @@
 
 #include <CLI/CLI.hpp>
 #include <QCoreApplication>
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <utility>
 
+#include "cli/report_lines.h"
 #include "common/program.h"
 #include "host/descriptors.h"
 #include "host/fiber_services.h"
@@ -140,17 +139,14 @@ int Run(CommandLine& line) {
     const std::string problem = line.chosen->Check(tool);
     if (!problem.empty()) {
         complain(prefix + problem);
+        if (line.chosen->Writes() && line.chosen->PrintsJson()) {
+            output.Print(ToLine(PlainResult(line.options.Address(tool), "refused", problem)));
+        }
         return kExitUsage;
     }
     int status = line.chosen->Run(context);
     host.tcpsend.Close();
-    if (output.error() != 0) {
-        status = kExitUnit;
-        // A reader that has seen enough, such as head, ends it without a word.
-        if (output.error() != EPIPE) {
-            complain(prefix + "standard output: " + std::strerror(output.error()));
-        }
-    }
+    status = output.StatusAfter(status, context.complain);
     host.loop.Exit(signal_status != 0 ? signal_status : status);
 }
 

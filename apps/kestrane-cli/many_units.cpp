@@ -1,5 +1,6 @@
 #include "many_units.h"
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -45,6 +46,14 @@ class ReportFile {
     bool good_ = false;
 };
 
+// A connection takes several handles; the usual limit of 1024 is too low for many units at a time.
+void RaiseHandleLimit() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_NOFILE, &limit) != 0) return;
+    limit.rlim_cur = limit.rlim_max;
+    setrlimit(RLIMIT_NOFILE, &limit);
+}
+
 // One line at the bottom of a terminal that is written over.
 class ProgressLine {
   public:
@@ -56,10 +65,10 @@ class ProgressLine {
         std::fprintf(stderr, "\r\x1b[K%s", text_.c_str());
         std::fflush(stderr);
     }
-    // Prints a line, of whatever stream, above it.
-    void Above(FILE* stream, const std::string& line) {
+    // What `print` writes, on whatever stream, stands above it.
+    void Above(const std::function<void()>& print) {
         if (shown_) std::fputs("\r\x1b[K", stderr);
-        if (stream) WriteLine(stream, line);
+        print();
         if (shown_ && !text_.empty()) Show(text_);
     }
     void End() {
@@ -86,7 +95,9 @@ int RunManyUnits(const Call& call, const CallOptions& options, const FleetOption
             return kExitUsage;
         }
     }
+    RaiseHandleLimit();
     ProgressLine progress(isatty(STDERR_FILENO) != 0);
+    StandardOutput output;
     FleetRun* running = nullptr;
     bool report_failed = false;
     int signal_status = 0;
@@ -97,10 +108,9 @@ int RunManyUnits(const Call& call, const CallOptions& options, const FleetOption
     job.call = &call;
     job.options = options;
     job.new_lane = [] { return std::make_unique<FiberServices>(); };
-    job.print = [&](const std::string& line) { progress.Above(stdout, line); };
+    job.print = [&](const std::string& line) { progress.Above([&] { output.Print(line); }); };
     job.complain = [&](const std::string& line) {
-        progress.Above(nullptr, {});
-        complain(prefix + line);
+        progress.Above([&] { complain(prefix + line); });
     };
     job.progress = [&](const std::string& text) { progress.Show(text); };
     if (report) {
@@ -124,7 +134,8 @@ int RunManyUnits(const Call& call, const CallOptions& options, const FleetOption
     loop.exec();
     progress.End();
     if (signal_status != 0) return signal_status;
-    return report_failed ? int{kExitUnit} : run.ExitStatus();
+    return output.StatusAfter(report_failed ? int{kExitUnit} : run.ExitStatus(),
+                              [&](const std::string& line) { complain(prefix + line); });
 }
 
 }  // namespace kestrane

@@ -54,12 +54,11 @@ class WritingCall : public Call {
         request.undo_file = undo_file_;
         UnitSession session(context.tool, context.options.timeout_limit());
         const InterruptHandler handler(context, [&session] { session.Interrupt(); });
-        if (context.on_terminal && !yes_ && !dry_run_) {
-            request.go_on = [&](const ApplyReport& plan) {
-                PrintPlan(context, plan);
-                return AskToGoOn(context, session);
-            };
-        }
+        request.go_on = [&](const ApplyReport& plan) {
+            const bool asks = context.on_terminal && !yes_;
+            if (asks || (ShowsPlan() && !json_)) PrintPlan(context, plan);
+            return !asks || AskToGoOn(context, session);
+        };
         ApplyReport report = Apply(session, request);
         session.Disconnect();
         return report;
@@ -98,6 +97,9 @@ class WritingCall : public Call {
         }
         if (!report.error.empty()) context.complain(report.error);
     }
+
+    // Even where nobody is asked.
+    virtual bool ShowsPlan() const { return false; }
 
     bool json_ = false;
     bool secrets_ = false;
@@ -171,6 +173,8 @@ class ApplyCall : public WritingCall {
     }
 
   private:
+    bool ShowsPlan() const override { return true; }
+
     std::vector<std::string> paths_;
     std::vector<std::string> assignments_;
     std::vector<Assignment> given_;
@@ -221,7 +225,7 @@ class SetCall : public WritingCall {
   private:
     // In the order of the command line; what changes with it comes after.
     void PrintInOrder(CallContext& context, const ApplyReport& report) const {
-        if (report.changes.empty() && !report.error.empty()) return;
+        if (report.declined || (report.changes.empty() && !report.error.empty())) return;
         std::vector<const SettingChange*> rest;
         for (const SettingChange& change : report.changes) rest.push_back(&change);
         for (const Assignment& given : given_) {
@@ -234,8 +238,8 @@ class SetCall : public WritingCall {
                 rest.erase(change);
             } else if (!Twice(report, *given.setting)) {
                 context.print(given.name + ": " +
-                              ShownSetting(*given.setting, given.value, secrets_) +
-                              " (" + WhyNotChanged(report, *given.setting) + ")");
+                              ShownSetting(*given.setting, given.value, secrets_) + " (" +
+                              WhyNotChanged(report, *given.setting) + ")");
             }
         }
         for (const SettingChange* change : rest) context.print(ChangeLine(*change, Style(context)));

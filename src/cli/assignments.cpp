@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "text/terminal.h"
+
 namespace kestrane {
 namespace {
 
@@ -25,8 +27,8 @@ Parsed OfOption(const Setting& setting, const std::string& control, const std::s
         error = "takes true; choose another option to clear it";
         return {};
     }
-    const auto number = AsIndex(control.substr(open + 1, control.size() - open - 2),
-                                setting.choices.size() + 1);
+    const auto number =
+        AsIndex(control.substr(open + 1, control.size() - open - 2), setting.choices.size() + 1);
     if (!number || *number == 0) {
         error = "there is no such option";
         return {};
@@ -65,7 +67,7 @@ std::string Unknown(const std::string& name) {
 std::optional<Assignment> ParseAssignment(const std::string& text, std::string& error) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos || equals == 0) {
-        error = "\"" + text + "\" is not NAME=VALUE";
+        error = ShownUtf8("\"" + text + "\" is not NAME=VALUE");
         return {};
     }
     Assignment made;
@@ -82,11 +84,11 @@ std::optional<Assignment> ParseAssignment(const std::string& text, std::string& 
     const bool by_key = made.setting != nullptr;
     if (!by_key) made.setting = SettingOfControl(control);
     if (!made.setting) {
-        error = Unknown(made.name);
+        error = ShownUtf8(Unknown(made.name));
         return {};
     }
     const auto fail = [&](const std::string& why) {
-        error = made.name + ": " + why;
+        error = ShownUtf8(made.name + ": " + why);
         return std::optional<Assignment>();
     };
     if (made.setting->read_only) return fail("can only be read");

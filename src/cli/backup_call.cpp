@@ -13,7 +13,12 @@ class BackupCall : public Call {
         return CopyForUnit(*this, unit);
     }
     bool TakesManyUnits() const override { return true; }
+    bool PrintsJson() const override { return json_; }
     std::string FolderForUnits() const override { return folder_; }
+    std::string WhyNotManyUnits() const override {
+        const bool good = path_.empty() && !folder_.empty();
+        return good ? "" : "--units: give --into DIR, which gets a file for each unit";
+    }
     void UseUnit(const FleetUnit& unit) {
         if (!folder_.empty()) path_ = folder_ + "/" + FileNameOf(unit);
     }
@@ -27,6 +32,7 @@ class BackupCall : public Call {
         app.add_flag("--secrets", secrets_,
                      "Include what is secret and readable; the file is for its owner alone then");
         app.add_option("--into", folder_, "With --units: the folder for a file of each unit");
+        app.add_flag("--json", json_, "With --units: print one JSON object a unit");
     }
 
     std::string Check(Tool& tool) override {
@@ -55,8 +61,7 @@ class BackupCall : public Call {
             return kExitDone;
         }
         const auto why = context.tool.link.platform().disk.Replace(
-            path_, text,
-            secrets_ ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
+            path_, text, secrets_ ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
         if (!why) return kExitDone;
         context.complain("cannot write " + path_ + ": " + *why);
         return kExitUnit;
@@ -66,6 +71,7 @@ class BackupCall : public Call {
     std::string path_;
     std::string folder_;
     bool secrets_ = false;
+    bool json_ = false;
 };
 
 }  // namespace

@@ -95,6 +95,8 @@ class Call {
     // unit alone.
     virtual std::unique_ptr<Call> ForUnit(const FleetUnit& /*unit*/) const { return nullptr; }
     virtual bool TakesManyUnits() const { return false; }
+    // What is wrong with its arguments for many units, though not for one; empty if nothing is.
+    virtual std::string WhyNotManyUnits() const { return {}; }
     // The folder that takes a file of each unit; empty for none.
     virtual std::string FolderForUnits() const { return {}; }
     virtual bool PrintsJson() const { return false; }

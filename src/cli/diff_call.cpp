@@ -15,6 +15,9 @@ class DiffCall : public Call {
         return CopyForUnit(*this, unit);
     }
     bool TakesManyUnits() const override { return true; }
+    std::string WhyNotManyUnits() const override {
+        return paths_.size() == 2 ? "--units: give one file to compare the units with" : "";
+    }
     void UseUnit(const FleetUnit& unit) {
         own_ = SettingValues(unit.values.begin(), unit.values.end());
     }
@@ -35,7 +38,8 @@ class DiffCall : public Call {
 
     std::string Check(Tool& tool) override {
         files_.assign(paths_.size(), {});
-        for (std::size_t i = 0; i < paths_.size(); ++i) files_[i].Add(tool.link.platform().disk, paths_[i]);
+        for (std::size_t i = 0; i < paths_.size(); ++i)
+            files_[i].Add(tool.link.platform().disk, paths_[i]);
         return filter_.Check();
     }
     std::vector<std::string> FileFaults() const override {
@@ -51,7 +55,12 @@ class DiffCall : public Call {
         for (const ConfigurationFiles& file : files_) {
             for (const std::string& line : file.notes) context.ErrorLine(line);
         }
-        if (!FileFaults().empty()) return kExitUsage;
+        if (!FileFaults().empty()) {
+            context.Publish(
+                PlainResult(context.options.Address(context.tool), "refused", FileFaults().front()),
+                json_);
+            return kExitUsage;
+        }
         const ApplyReport report = files_.size() == 2 ? CompareFiles() : CompareWithUnit(context);
         if (!report.error.empty()) context.complain(report.error);
         context.Publish(ReportAsJson(report), json_);
@@ -65,8 +74,7 @@ class DiffCall : public Call {
 
   private:
     ApplyReport CompareFiles() const {
-        ApplyReport report =
-            CompareValues(files_[0].values, files_[1].values, filter_.filter());
+        ApplyReport report = CompareValues(files_[0].values, files_[1].values, filter_.filter());
         report.unit = paths_[0];
         return report;
     }

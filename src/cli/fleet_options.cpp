@@ -61,6 +61,7 @@ std::vector<std::string> FleetOptions::Check(const Call& call) {
         return {"--parallel, --first, --max-failures, --report and --resume need --units"};
     }
     if (!call.TakesManyUnits()) return {"--units: this call takes one unit"};
+    if (const std::string problem = call.WhyNotManyUnits(); !problem.empty()) return {problem};
     if (const std::string problem = CheckNumbers(); !problem.empty()) return {problem};
     const auto text = WholeFile(units_file_);
     if (!text) return {"--units: " + units_file_ + " can't be read; check its name"};

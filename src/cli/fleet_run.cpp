@@ -4,6 +4,8 @@
 #include <exception>
 #include <utility>
 
+#include "cli/report_lines.h"
+
 namespace kestrane {
 namespace {
 
@@ -187,16 +189,6 @@ void FleetRun::Finish() {
                    " failed, " + std::to_string(fleet_.Left()) + " not begun");
     }
     on_over_();
-}
-
-Json PlainResult(const std::string& unit, const std::string& result, const std::string& error) {
-    Json object = Json::object();
-    object["unit"] = unit;
-    object["result"] = result;
-    object["changes"] = Json::array();
-    object["left_alone"] = Json::array();
-    object["error"] = error.empty() ? Json() : Json(error);
-    return object;
 }
 
 }  // namespace kestrane

@@ -68,7 +68,4 @@ class FleetRun {
     bool over_ = false;
 };
 
-// The result of a call that gave none itself.
-Json PlainResult(const std::string& unit, const std::string& result, const std::string& error);
-
 }  // namespace kestrane

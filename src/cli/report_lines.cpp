@@ -11,7 +11,7 @@ constexpr char kFaint[] = "\x1b[2m";
 constexpr char kPlain[] = "\x1b[0m";
 
 std::string TextOf(const Setting& setting, const std::optional<SettingValue>& value,
-                  const ReportStyle& style) {
+                   const ReportStyle& style) {
     if (value) return ShownSetting(setting, *value, style.with_secrets);
     return setting.secret ? "(secret)" : "-";
 }
@@ -44,12 +44,13 @@ std::string LeftAloneLine(const SettingLeftAlone& left, const ReportStyle& style
 std::string Summary(const ApplyReport& report, const ReportStyle& style) {
     const std::string changes = std::to_string(report.changes.size());
     const std::string left = std::to_string(report.left_alone.size()) + " left alone";
-    if (style.comparison) {
+    if (style.comparison || report.result == ApplyReport::Result::kDifferent) {
         return changes + (report.changes.size() == 1 ? " difference, " : " differences, ") + left;
     }
+    const int planned = report.CountOf(SettingState::kPlanned);
     const int failed = report.Failed();
-    return std::to_string(static_cast<int>(report.changes.size()) - failed) + " changed, " + left +
-           ", " + std::to_string(failed) + " failed";
+    return std::to_string(static_cast<int>(report.changes.size()) - planned - failed) +
+           " changed, " + left + ", " + std::to_string(failed) + " failed";
 }
 
 Json ValueAsJson(const Setting& setting, const std::optional<SettingValue>& value) {
@@ -75,7 +76,11 @@ std::string ChangeLine(const SettingChange& change, const ReportStyle& style,
 
 std::vector<std::string> ReportLines(const ApplyReport& report, const ReportStyle& style) {
     std::vector<std::string> lines;
-    for (const SettingChange& change : report.changes) lines.push_back(ChangeLine(change, style));
+    // Of a refused apply nothing came about, whatever was planned.
+    const bool refused = report.result == ApplyReport::Result::kRefused && !style.comparison;
+    for (const SettingChange& change : report.changes) {
+        if (!refused) lines.push_back(ChangeLine(change, style));
+    }
     for (const SettingLeftAlone& left : report.left_alone) {
         lines.push_back(Coloured(LeftAloneLine(left, style), kFaint, style));
     }
@@ -114,6 +119,16 @@ int ExitStatusOf(const ApplyReport& report) {
         default:
             return kExitDone;
     }
+}
+
+Json PlainResult(const std::string& unit, const std::string& result, const std::string& error) {
+    Json object = Json::object();
+    object["unit"] = unit;
+    object["result"] = result;
+    object["changes"] = Json::array();
+    object["left_alone"] = Json::array();
+    object["error"] = error.empty() ? Json() : Json(error);
+    return object;
 }
 
 }  // namespace kestrane

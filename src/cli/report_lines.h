@@ -24,6 +24,8 @@ std::string ChangeLine(const SettingChange& change, const ReportStyle& style,
 std::vector<std::string> ReportLines(const ApplyReport& report, const ReportStyle& style);
 // Secrets are "(secret)".
 Json ReportAsJson(const ApplyReport& report);
+// The object of a call that came to no report.
+Json PlainResult(const std::string& unit, const std::string& result, const std::string& error);
 
 // The exit status that a report stands for.
 int ExitStatusOf(const ApplyReport& report);

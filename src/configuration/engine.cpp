@@ -66,6 +66,10 @@ class Application {
 
     ApplyReport Failed() {
         report_.error = session_.Failure();
+        const bool writes = !request_.compare_only && !request_.dry_run;
+        for (SettingChange& change : report_.changes) {
+            if (writes) change.state = SettingState::kNotBegun;
+        }
         return End(Result::kFailed);
     }
 

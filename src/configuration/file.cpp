@@ -76,9 +76,7 @@ class Collector : public nlohmann::json_sax<Json> {
         if (value > std::numeric_limits<long>::max()) return Value(StartOfWord(), {});
         return Value(StartOfWord(), SettingValue(static_cast<long>(value)));
     }
-    bool number_float(number_float_t, const string_t&) override {
-        return Value(StartOfWord(), {});
-    }
+    bool number_float(number_float_t, const string_t&) override { return Value(StartOfWord(), {}); }
     bool string(string_t& value) override {
         const std::size_t at = StartOfString();
         const auto bytes = ToByteText(value);
@@ -113,8 +111,8 @@ class Collector : public nlohmann::json_sax<Json> {
         std::string what = error.what();
         const std::size_t cut = what.find("syntax error");
         what = cut == std::string::npos ? "cannot be read as text" : what.substr(cut);
-        result_.faults.push_back({PositionOf(text_, position > 0 ? position - 1 : 0), {},
-                                  "this is not JSON: " + what});
+        result_.faults.push_back(
+            {PositionOf(text_, position > 0 ? position - 1 : 0), {}, "this is not JSON: " + what});
         return false;
     }
 
@@ -317,9 +315,9 @@ Json SchemaOf(const Setting& setting) {
             schema = {{"type", "string"}, {"pattern", "^[0-9A-Fa-f]{32}$"}};
             break;
         case SettingKind::kHexByte:
-            schema = {{"type", "string"}, {"pattern", setting.key.ends_with(".address")
-                                                          ? "^([0-9A-Fa-f]{2})?$"
-                                                          : "^[0-9A-Fa-f]{2}$"}};
+            schema = {{"type", "string"},
+                      {"pattern", setting.key.ends_with(".address") ? "^([0-9A-Fa-f]{2})?$"
+                                                                    : "^[0-9A-Fa-f]{2}$"}};
             break;
         case SettingKind::kMacroLine:
             schema = {{"type", "string"}, {"pattern", "^[0-9A-Fa-f]{2} [0-9A-Fa-f]{2}( .*)?$"}};
@@ -377,10 +375,12 @@ std::string WriteConfiguration(const UnitFacts& unit, const SettingValues& value
     Json file;
     file["format"] = kFormat;
     file["version"] = kVersion;
-    file["unit"] = {{"type", FromByteText(unit.type)},
-                    {"serial", FromByteText(unit.serial)},
-                    {"relay_firmware", FromByteText(unit.relay_firmware)},
-                    {"display_firmware", FromByteText(unit.display_firmware)}};
+    if (!unit.type.empty()) {
+        file["unit"] = {{"type", FromByteText(unit.type)},
+                        {"serial", FromByteText(unit.serial)},
+                        {"relay_firmware", FromByteText(unit.relay_firmware)},
+                        {"display_firmware", FromByteText(unit.display_firmware)}};
+    }
     Json settings = Json::object();
     Json missing = Json::object();
     for (const Setting& setting : Settings()) {

@@ -11,7 +11,8 @@ class ConfigurationCallTest : public CallTest {
 
     std::string File(const std::string& name, const std::string& settings) {
         world.disk.files[name] = R"({"format": "kestrane-configuration", "version": 1,
-                                  "settings": )" + settings + "}";
+                                  "settings": )" +
+                                 settings + "}";
         return name;
     }
     int Apply(Words words) { return Run(MakeApplyCall(), std::move(words)); }
@@ -43,9 +44,9 @@ TEST_F(ConfigurationCallTest, ApplyWritesOnceAndItsUndoFileBringsBack) {
     EXPECT_EQ(Take().back(), "0 changed, 1 left alone, 0 failed");
     EXPECT_EQ(WritesSent(), writes);
     EXPECT_EQ(Apply({"u", "--identity", "--live"}), kExitDone);
-    EXPECT_EQ(Take(), (Words{"network.unit_name: Rack 7 -> MDU Rack 4",
-                             "names.outlet.4.upper: NAS -> Switch",
-                             "2 changed, 0 left alone, 0 failed"}));
+    EXPECT_EQ(Take(),
+              (Words{"network.unit_name: Rack 7 -> MDU Rack 4",
+                     "names.outlet.4.upper: NAS -> Switch", "2 changed, 0 left alone, 0 failed"}));
 }
 
 TEST_F(ConfigurationCallTest, ThePasswordThatTheUnitHoldsIsNotWrittenAgain) {
@@ -53,17 +54,16 @@ TEST_F(ConfigurationCallTest, ThePasswordThatTheUnitHoldsIsNotWrittenAgain) {
         "control": {"password": "hunter3"}, "admin": {"password": "hunter4"}}})");
     EXPECT_EQ(Apply({file, "--json"}), kExitDone);
     const Json first = Json::parse(printed.back());
-    EXPECT_EQ(first["changes"][0],
-              Json({{"key", "security.view.password"},
-                    {"before", "(secret)"},
-                    {"after", "(secret)"},
-                    {"state", "verified"}}));
+    EXPECT_EQ(first["changes"][0], Json({{"key", "security.view.password"},
+                                         {"before", "(secret)"},
+                                         {"after", "(secret)"},
+                                         {"state", "verified"}}));
     EXPECT_EQ(Apply({file, "--json"}), kExitDone);
     EXPECT_EQ(Json::parse(printed.back())["result"], "same");
-    EXPECT_EQ(Apply({"--set", "security.admin.disabled=true", "--set",
-                     "security.view.password=hunter2", "--set",
-                     "security.control.password=hunter3"}),
-              kExitDone);
+    EXPECT_EQ(
+        Apply({"--set", "security.admin.disabled=true", "--set", "security.view.password=hunter2",
+               "--set", "security.control.password=hunter3"}),
+        kExitDone);
     EXPECT_EQ(printed.back(), "1 changed, 0 left alone, 0 failed");
     for (const auto* lines : {&printed, &complaints}) {
         for (const std::string& line : *lines) EXPECT_EQ(line.find("hunter"), line.npos) << line;
@@ -71,8 +71,7 @@ TEST_F(ConfigurationCallTest, ThePasswordThatTheUnitHoldsIsNotWrittenAgain) {
 }
 
 TEST_F(ConfigurationCallTest, WhatAChangeBringsAboutByItselfIsToldAndUndone) {
-    ASSERT_EQ(Apply({"--set", "triggers.1.address=", "--undo", "u"}), kExitDone)
-        << Complaint();
+    ASSERT_EQ(Apply({"--set", "triggers.1.address=", "--undo", "u"}), kExitDone) << Complaint();
     EXPECT_EQ(Take().back(), "2 changed, 0 left alone, 0 failed");
     EXPECT_EQ(Apply({"u"}), kExitDone);
     EXPECT_EQ(Take().back(), "2 changed, 0 left alone, 0 failed");
@@ -98,9 +97,31 @@ TEST_F(ConfigurationCallTest, FaultsEndItBeforeAUnitIsAsked) {
     EXPECT_EQ(Json::parse(printed.back())["result"], "refused");
     EXPECT_EQ(Run(MakeCheckCall(), {file}), kExitUsage);
     EXPECT_EQ(Apply({"--set", "network.unit_nam=x"}), kExitUsage);
+    EXPECT_EQ(Apply({"--set", "network.unit_name=a\x1b[2J"}), kExitUsage);
+    EXPECT_EQ(Complaint().find('\x1b'), std::string::npos);
+    EXPECT_EQ(Diff({file, "--json"}), kExitUsage);
+    EXPECT_EQ(Json::parse(printed.back())["result"], "refused");
     EXPECT_EQ(Diff({file, "--only", "nam"}), kExitUsage);
     EXPECT_EQ(Apply({}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
+}
+
+// What is printed never says more than came about.
+TEST_F(ConfigurationCallTest, APlanIsNotCountedAsChanged) {
+    const Words plan{"names.outlet.4.upper: Switch -> NAS", "1 difference, 0 left alone"};
+    const Words refused{"--set", "names.outlet.4.upper=NAS", "--set", "security.view.password=x"};
+    EXPECT_EQ(Apply(refused), kExitUsage);
+    EXPECT_EQ(Take(), Words{"0 changed, 0 left alone, 0 failed"});
+    complaints.clear();
+    EXPECT_EQ(Apply({"--set", "names.outlet.4.upper=NAS"}), kExitDone);
+    EXPECT_EQ(complaints, plan);
+    Take();
+    // The line is lost while the second tab is read.
+    peer.line().PassNext(30);
+    peer.line().CutNext(0);
+    EXPECT_EQ(Apply({"--set", "oled.timeout=70", "--set", "names.outlet.4.upper=Tape"}), kExitUnit);
+    EXPECT_EQ(Take(),
+              (Words{"oled.timeout: 120 -> 70 (not begun)", "0 changed, 0 left alone, 1 failed"}));
 }
 
 TEST_F(ConfigurationCallTest, SettingsListTheTable) {

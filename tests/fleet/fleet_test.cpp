@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "cli/fleet_run.h"
+#include "cli/report_lines.h"
 #include "host/fiber_services.h"
 #include "unit/unit_server.h"
 
