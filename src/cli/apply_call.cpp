@@ -56,7 +56,7 @@ class WritingCall : public Call {
         const InterruptHandler handler(context, [&session] { session.Interrupt(); });
         request.go_on = [&](const ApplyReport& plan) {
             const bool asks = context.on_terminal && !yes_;
-            if (asks || (ShowsPlan() && !json_)) PrintPlan(context, plan);
+            if (asks || (ShowsPlan() && !yes_ && !json_)) PrintPlan(context, plan);
             return !asks || AskToGoOn(context, session);
         };
         ApplyReport report = Apply(session, request);
@@ -98,7 +98,7 @@ class WritingCall : public Call {
         if (!report.error.empty()) context.complain(report.error);
     }
 
-    // Even where nobody is asked.
+    // Even where nobody can be asked; with --yes the report alone stands for it.
     virtual bool ShowsPlan() const { return false; }
 
     bool json_ = false;
