@@ -185,7 +185,7 @@ class FaultyPeer : public Peer {
     int left_ = std::numeric_limits<int>::max();
 };
 
-struct FaultTest : EngineTest {
+struct FaultTest : EngineTest, ::testing::WithParamInterface<FaultyPeer::Fault> {
     FaultyPeer faulty{world.tcpsend, peer};
     const std::string undo_file = "undo.json";
 
@@ -227,7 +227,7 @@ struct FaultTest : EngineTest {
     }
 };
 
-TEST_F(FaultTest, AtEveryExchangeTheReportAgreesTheNextCallCompletesAndTheUndoFileBringsBack) {
+TEST_P(FaultTest, AtEveryExchangeTheReportAgreesTheNextCallCompletesAndTheUndoFileBringsBack) {
     const SettingValues wanted = Values(
         R"({"oled": {"timeout": 70}, "snmp": {"contact": "Ann"},
             "names": {"outlet": {"3": {"upper": "NAS"}, "14": {"lower": "Last"}}},
@@ -239,24 +239,26 @@ TEST_F(FaultTest, AtEveryExchangeTheReportAgreesTheNextCallCompletesAndTheUndoFi
     const int exchanges = static_cast<int>(tool.link.journal().exchanges().size());
     Undo();
     const std::string before = Memory();
-    using Fault = FaultyPeer::Fault;
-    for (const Fault fault : {Fault::kRefuse, Fault::kIgnore, Fault::kLoseReply, Fault::kCorrupt,
-                              Fault::kClose, Fault::kReset, Fault::kShort}) {
-        for (int exchange = 0; exchange < exchanges; ++exchange) {
-            const std::string where = "fault " + std::to_string(static_cast<int>(fault)) + " at " +
-                                      std::to_string(exchange) + ": ";
-            faulty.Strike(fault, exchange);
-            const ApplyReport report = ApplyTo(wanted, request);
-            EXPECT_TRUE(faulty.Struck()) << where;
-            faulty.Rest();
-            Check(report, wanted, where);
-            const ApplyReport again = ApplyTo(wanted, request);
-            EXPECT_EQ(again.error, "") << where;
-            Undo();
-            ASSERT_TRUE(Memory() == before) << where;
-        }
+    for (int exchange = 0; exchange < exchanges; ++exchange) {
+        const std::string where = "at exchange " + std::to_string(exchange) + ": ";
+        faulty.Strike(GetParam(), exchange);
+        const ApplyReport report = ApplyTo(wanted, request);
+        EXPECT_TRUE(faulty.Struck()) << where;
+        faulty.Rest();
+        Check(report, wanted, where);
+        const ApplyReport again = ApplyTo(wanted, request);
+        EXPECT_EQ(again.error, "") << where;
+        Undo();
+        ASSERT_TRUE(Memory() == before) << where;
     }
 }
+
+// A case for each kind, so that they run side by side.
+using Fault = FaultyPeer::Fault;
+INSTANTIATE_TEST_SUITE_P(Kinds, FaultTest,
+                         ::testing::Values(Fault::kRefuse, Fault::kIgnore, Fault::kLoseReply,
+                                           Fault::kCorrupt, Fault::kClose, Fault::kReset,
+                                           Fault::kShort));
 
 }  // namespace
 }  // namespace kestrane
