@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -85,6 +86,10 @@ int main(int argc, char** argv) {
     };
     check("read network", "s", 0.25, SecondsOfCall(unit, {"read", "network"}));
     check("read --json, every tab", "s", 2.5, SecondsOfCall(unit, {"read", "--json"}));
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("unit.mdu.json");
+    check("backup", "s", 2.5, SecondsOfCall(unit, {"backup", file}));
+    check("diff of two files", "s", 0.02, SecondsOfCall(unit, {"diff", file, file}));
     check("console, connected and idle", "% of a core", 0.6,
           IdleShare(unit, "kestrane-cli", {"console"}));
     check("windows, connected and idle", "% of a core", 0.7,
