@@ -103,6 +103,11 @@ void PendingChanges::Learn(const Setting& setting, std::string value) {
     Compare(setting);
 }
 
+void PendingChanges::LearnWritten(const Setting& setting, const std::string& value) {
+    if (!setting.live) written_[&setting] = value;
+    Learn(setting, value);
+}
+
 void PendingChanges::Drop(const Setting& setting) {
     if (unit_.erase(&setting) == 0) return;
     if (changed_.erase(&setting) > 0) Tell();
@@ -115,6 +120,7 @@ void PendingChanges::DropTab(std::string_view tab) {
 }
 
 void PendingChanges::DropAll() {
+    written_.clear();
     if (unit_.empty()) return;
     unit_.clear();
     changed_.clear();
@@ -163,9 +169,16 @@ void PendingChanges::ExchangeBegan(const Exchange& exchange) {
     }
 }
 
-// A write counts block by block, so that a write which stops half way leaves the truth.
+// A write counts block by block, so that a write which stops half way leaves the truth. Of what was
+// sent and not answered nobody knows what the unit holds.
 void PendingChanges::ExchangeEnded(const Exchange& exchange) {
-    if (!exchange.Accepted() || running_.empty()) return;
+    if (running_.empty()) return;
+    const bool untouched = !exchange.IsWrite() || exchange.end == Exchange::End::kRefused ||
+                           exchange.end == Exchange::End::kNotSent;
+    if (!exchange.Accepted() && !untouched) {
+        for (const auto& row : sending_) written_.erase(row.first);
+    }
+    if (!exchange.Accepted()) return;
     for (const Setting* setting : EditableSettings()) {
         for (const SettingPlace& place : setting->places) {
             if (Covers(exchange, place, tool_.session)) accepted_[setting].insert(place.address);
@@ -173,7 +186,7 @@ void PendingChanges::ExchangeEnded(const Exchange& exchange) {
     }
     if (!exchange.IsWrite()) return;
     for (const auto& [setting, value] : sending_) {
-        if (accepted_[setting].size() >= setting->places.size()) Learn(*setting, value);
+        if (accepted_[setting].size() >= setting->places.size()) LearnWritten(*setting, value);
     }
 }
 
@@ -211,7 +224,7 @@ void PendingChanges::LearnWritten(const OperationRecord& operation) {
         const bool sent = operation.name == "Write Unit ID"
                               ? setting->key == "unit.id"
                               : live && setting->live && inlet != options;
-        if (sent) Learn(*setting, ShownIn(tool_.main_form, *setting));
+        if (sent) LearnWritten(*setting, ShownIn(tool_.main_form, *setting));
     }
 }
 

@@ -37,6 +37,8 @@ class PendingChanges : public ScreenListener, public JournalObserver {
     bool Differs(const Setting& setting) const { return changed_.contains(&setting); }
     // What the unit holds, as the control would show it; nothing if it isn't known.
     std::optional<std::string> UnitValue(const Setting& setting) const;
+    // What the unit has accepted on this connection, live values left out: no read brings them.
+    const std::map<const Setting*, std::string>& Written() const { return written_; }
     // Puts the unit's value back on the screen.
     void Revert(const Setting& setting);
     void RevertAll();
@@ -56,6 +58,7 @@ class PendingChanges : public ScreenListener, public JournalObserver {
     using Settled = std::set<const Setting*>;
 
     void Learn(const Setting& setting, std::string value);
+    void LearnWritten(const Setting& setting, const std::string& value);
     void Drop(const Setting& setting);
     void DropTab(std::string_view tab);
     void DropAll();
@@ -69,6 +72,7 @@ class PendingChanges : public ScreenListener, public JournalObserver {
     Tool& tool_;
     std::map<const Control*, const Setting*> settings_;
     std::map<const Setting*, std::string> unit_;
+    std::map<const Setting*, std::string> written_;
     Settled changed_;
     // Of the exchange under way, and places accepted in the operation under way.
     std::map<const Setting*, std::string> sending_;

@@ -105,14 +105,20 @@ std::string WhyDisabled(Tool& tool, const Control& control) {
     return page > 0 ? "Read this tab first" : "Read the network settings first";
 }
 
-std::string TipOf(const PendingChanges& pending, const Control& control) {
+std::string TipOf(const PendingChanges& pending, const Verification& verification,
+                  const Control& control) {
     const Setting* const setting = SettingOfControl(control.name());
     if (!setting) return {};
     std::string tip = setting->doc;
     if (const std::string range = Range(*setting); !range.empty()) tip += "\n" + range;
-    if (pending.Differs(*setting)) {
+    const auto not_taken = verification.NotTaken(*setting);
+    if (not_taken || pending.Differs(*setting)) {
         tip += "\nunit: ";
         tip += setting->secret ? "(secret)" : *pending.UnitValue(*setting);
+    }
+    if (not_taken) {
+        tip += "\nnot taken: ";
+        tip += setting->secret ? "(secret)" : *not_taken;
     }
     return tip;
 }

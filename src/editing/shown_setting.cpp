@@ -2,14 +2,10 @@
 
 #include <algorithm>
 
+#include "configuration/tabs.h"
+
 namespace kestrane {
 namespace {
-
-constexpr struct {
-    std::string_view tab;
-    int page;
-} kPages[] = {{"network", 0},  {"privileges", 1}, {"security", 2},  {"names", 3},
-              {"triggers", 4}, {"1wire", 5},      {"changeover", 6}};
 
 std::vector<OptionButton*> OptionsOf(MainForm& form, const std::string& name) {
     std::vector<OptionButton*> options;
@@ -90,10 +86,8 @@ const std::vector<const Setting*>& EditableSettings() {
 }
 
 int PageOfTab(std::string_view tab) {
-    for (const auto& row : kPages) {
-        if (row.tab == tab) return row.page;
-    }
-    return -1;
+    const TabRow* const row = FindTab(tab);
+    return row ? row->page : -1;
 }
 
 }  // namespace kestrane

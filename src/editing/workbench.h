@@ -12,6 +12,7 @@
 #include "editing/pending_changes.h"
 #include "editing/reasons.h"
 #include "editing/undo_history.h"
+#include "editing/verification.h"
 
 namespace kestrane {
 
@@ -23,8 +24,8 @@ struct Workbench {
     // Takes everything back or forth by one step and says so.
     bool Undo();
     bool Redo();
-    // Reads back what was last written and compares; the result is a message. False if there is
-    // nothing to verify or the reading failed.
+    // Reads back what was written and compares; the result is a message. False if there is nothing
+    // to verify, the reading failed, or the unit holds something else.
     bool Verify();
     // What a click on a button has come to, if it sent nothing and opened nothing: `last` is the
     // journal's last operation from before it.
@@ -33,6 +34,7 @@ struct Workbench {
     Tool& tool;
     PendingChanges pending{tool};
     UndoHistory history{tool, pending};
+    Verification verification{tool, pending};
     Messages messages{tool};
     FrameLog log{tool};
     LiveAnswers live{tool};

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QKeySequence>
 
+#include "configuration/tabs.h"
 #include "editing/configuration_files.h"
 
 namespace kestrane {
@@ -190,23 +191,23 @@ class Filler {
     WindowActions actions_;
 };
 
+const TabRow* TabOnPage(int page) {
+    for (const TabRow& tab : TabRows()) {
+        if (tab.page == page && page >= 0) return &tab;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 Button* ReadButtonOf(MainForm& form, int page) {
-    Button* const buttons[] = {
-        &form.network.cmdReadNetworkSettings, &form.privileges.cmdReadTCPPortPriv,
-        &form.security.cmdReadWBISettings,    &form.names.cmdReadChannelNames,
-        &form.triggers.cmdReadMacroTriggers,  &form.one_wire.cmdRead1WNames,
-        &form.changeover.cmdReadCMSOptions,   &form.firmware.cmdGetUnitFirmware};
-    return page >= 0 && page < 8 ? buttons[page] : nullptr;
+    const TabRow* const tab = TabOnPage(page);
+    return tab ? static_cast<Button*>(form.Find(tab->read_button)) : nullptr;
 }
 
 Button* WriteButtonOf(MainForm& form, int page) {
-    Button* const buttons[] = {
-        &form.network.cmdWriteNetworkSettings, &form.privileges.cmdWriteTCPPortPriv,
-        &form.security.cmdWriteWBISettings,    &form.names.cmdWriteChannelNames,
-        &form.triggers.cmdWriteMacroTriggers,  &form.one_wire.cmdWrite1WNames};
-    return page >= 0 && page < 6 ? buttons[page] : nullptr;
+    const TabRow* const tab = TabOnPage(page);
+    return tab ? static_cast<Button*>(form.Find(tab->write_button)) : nullptr;
 }
 
 void FillMenuBar(QMenuBar& bar, Workbench& bench, Mirror& mirror, WindowActions actions) {

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QTabBar>
 #include <QTimer>
 
@@ -76,7 +75,9 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     tail_ = mirror_.TakeMade();
     Chain();
     FillMenu();
-    mirror_.OnTip([&bench](const Control& control) { return TipOf(bench.pending, control); });
+    mirror_.OnTip([&bench](const Control& control) {
+        return TipOf(bench.pending, bench.verification, control);
+    });
     mirror_.AroundClick(
         [this](Control& control, const auto& click) { AroundClick(control, click); });
     mirror_.OnRefreshed([this] {
@@ -85,6 +86,7 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     });
     bench.pending.OnChanged([this] { ScheduleMarks(); });
     bench.messages.OnAdded([this](const Message&) { ScheduleMarks(); });
+    bench.verification.OnChanged([this] { ScheduleMarks(); });
     FormChanged();
     ShowProgress();
     KeepLargeEnough();
@@ -158,7 +160,7 @@ QTabWidget* MainWindow::MakeTabs() {
         (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
         tabs_->addTab(place, QString::fromStdString(tab.caption));
     }
-    for (int page = 0; page < kInvisibleStorage; ++page) MarkTab(page, false);
+    marks_ = std::make_unique<Marks>(bench_, mirror_, *tabs_, kInvisibleStorage);
     mirror_.Bind(form_.SSTab1, *tabs_, [this](int tab) { NeedPage(tab); });
     return tabs_;
 }
@@ -335,47 +337,13 @@ void MainWindow::ScheduleMarks() {
 
 void MainWindow::ShowMarks() {
     marks_scheduled_ = false;
-    std::array<bool, 9> pages{};
-    for (const Setting* setting : EditableSettings()) {
-        const bool differs = bench_.pending.Differs(*setting);
-        const int page = PageOfTab(setting->tab);
-        if (differs && page >= 0) pages[static_cast<std::size_t>(page)] = true;
-        const Control* const control = ControlOf(form_, *setting);
-        QWidget* const view = control ? mirror_.WidgetOf(*control) : nullptr;
-        if (!view || view->property(kChanged).toBool() == differs) continue;
-        view->setProperty(kChanged, differs);
-        view->update();
-    }
-    for (int page = 0; page < kInvisibleStorage; ++page) {
-        MarkTab(page, pages[static_cast<std::size_t>(page)]);
-    }
+    marks_->Show();
     strip_->ShowCount();
     header_->Show();
     const QString name = header_->Name();
     const QString title = ToQt(form_.Caption());
     const QString wanted = name.isEmpty() ? title : name + QStringLiteral(" - ") + title;
     if (windowTitle() != wanted) setWindowTitle(wanted);
-}
-
-// The icon keeps its place when there is no dot, so that no tab moves.
-void MainWindow::MarkTab(int page, bool changed) {
-    constexpr int kDot = 8;
-    if (tabs_->tabBar()->tabData(page).isValid() &&
-        tabs_->tabBar()->tabData(page).toBool() == changed) {
-        return;
-    }
-    tabs_->tabBar()->setTabData(page, changed);
-    QPixmap dot(2 * kDot, 2 * kDot);
-    dot.fill(Qt::transparent);
-    if (changed) {
-        QPainter painter(&dot);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(ChangedColour(palette()));
-        painter.drawEllipse(dot.rect());
-    }
-    tabs_->setIconSize({kDot, kDot});
-    tabs_->setTabIcon(page, QIcon(dot));
 }
 
 // The panel takes its room from the tabs: the window keeps its size.

@@ -7,11 +7,13 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <array>
+#include <memory>
 
 #include "editing/workbench.h"
 #include "forms/fading.h"
 #include "forms/form_window.h"
 #include "forms/log_pane.h"
+#include "forms/marks.h"
 #include "forms/message_strip.h"
 #include "forms/unit_header.h"
 #include "screen/main_form.h"
@@ -55,7 +57,6 @@ class MainWindow : public FormWindow {
     // Marks at boxes and tabs, the count, header and title; once an event-loop pass.
     void ScheduleMarks();
     void ShowMarks();
-    void MarkTab(int page, bool changed);
 
     Workbench& bench_;
     MainForm& form_;
@@ -68,6 +69,7 @@ class MainWindow : public FormWindow {
     int furthest_ = 0;  // of the progress of the operation under way, in thousandths
     std::uint64_t progress_of_ = 0;
     QTabWidget* tabs_ = nullptr;
+    std::unique_ptr<Marks> marks_;
     QProgressBar* progress_ = nullptr;
     QWidget* diagnostics_ = nullptr;
     std::array<bool, 9> made_{};

@@ -187,6 +187,51 @@ TEST(Verify, SaysWhatTheUnitDidNotTakeAndKeepsWhatIsNotWritten) {
     EXPECT_EQ(it.network.txtUnitLocation.Text(), "Not yet");
 }
 
+// A write of the settings' passwords, names and triggers in between: all of them are read back, and
+// what was read before and not written is still there afterwards.
+TEST(Verify, ReadsBackEveryTabThatWasWritten) {
+    Bench it;
+    it.ReadSettings();
+    const auto read = [&](int page, Button& button) {
+        EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, page), std::nullopt);
+        it.Click(button);
+    };
+    NamesTab& names = it.form.names;
+    SecurityTab& security = it.form.security;
+    read(4, it.form.triggers.cmdReadMacroTriggers);
+    const std::string trigger = it.form.triggers.txtMTName(0).Text();
+    read(2, security.cmdReadWBISettings);
+    for (int level = 0; level < 3; ++level) it.Type(security.txtWebPassword(level), "secret");
+    it.Click(security.cmdWriteWBISettings);
+    read(3, names.cmdReadChannelNames);
+    it.Type(names.txtOutUpper(0), "First");
+    it.Type(names.txtOutUpper(1), "Second");
+    it.Click(names.cmdWriteChannelNames);
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 0), std::nullopt);
+    it.Type(it.network.txtUnitName, "Rack 7");
+    it.Click(it.network.cmdWriteNetworkSettings);
+    EXPECT_TRUE(it.bench.Verify());
+    EXPECT_THAT(it.Last().text, HasSubstr("read back as written."));
+    EXPECT_EQ(it.form.triggers.txtMTName(0).Text(), trigger);
+    EXPECT_EQ(it.form.SSTab1.Tab(), 0);
+
+    // Somebody else has changed both since.
+    unit::BoardMemory& memory = it.peer.unit().Display();
+    memory.Set(0x0080, 'X');
+    memory.Set(unit::display::kWebLevels + 32, 0x55);
+    EXPECT_FALSE(it.bench.Verify());
+    EXPECT_EQ(it.Last().text,
+              "Not taken by the unit: security.admin.password, names.outlet.1.upper.");
+    const auto lost = it.bench.verification.NotTaken(*FindSetting("names.outlet.1.upper"));
+    EXPECT_EQ(lost, "First");
+    EXPECT_THAT(TipOf(it.bench.pending, it.bench.verification, names.txtOutUpper(0)),
+                HasSubstr("\nunit: Xirst\nnot taken: First"));
+    EXPECT_THAT(TipOf(it.bench.pending, it.bench.verification, security.txtWebPassword(2)),
+                Not(HasSubstr("secret\n")));
+    read(3, names.cmdReadChannelNames);
+    EXPECT_EQ(it.bench.verification.NotTaken(*FindSetting("names.outlet.1.upper")), std::nullopt);
+}
+
 TEST(ConfigurationFiles, ComeBackAsPendingChangesThatUndoTakesBack) {
     Bench it;
     it.ReadSettings();

@@ -30,7 +30,7 @@ void DrawOutline(QPainter* painter, const QStyleOption& option, const QWidget* w
                  const QRect& rect) {
     const bool enabled = option.state & QStyle::State_Enabled;
     const bool focus = enabled && (option.state & QStyle::State_HasFocus);
-    if (enabled && Has(widget, kFaulty)) {
+    if (enabled && (Has(widget, kFaulty) || Has(widget, kNotTaken))) {
         const QColor ground = option.palette.color(QPalette::Base);
         Stroke(painter, rect, Readable(FaultColour(option.palette), ground), 2);
     } else if (focus) {
@@ -41,7 +41,8 @@ void DrawOutline(QPainter* painter, const QStyleOption& option, const QWidget* w
 }
 
 // A bar at the left edge: the unit holds something else.
-void DrawChanged(QPainter* painter, const QStyleOption& option) {
+void DrawChanged(QPainter* painter, const QStyleOption& option, const QWidget* widget) {
+    if (!Has(widget, kChanged)) return;
     const QRect& all = option.rect;
     const QRect bar(all.left(), all.top() + 1, 4, all.height() - 2);
     painter->fillRect(bar, ChangedColour(option.palette));
@@ -84,8 +85,11 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     switch (element) {
         case PE_FrameLineEdit:
-        case PE_PanelButtonCommand:
         case PE_IndicatorCheckBox:
+            DrawOutline(painter, *option, widget, option->rect);
+            DrawChanged(painter, *option, widget);
+            break;
+        case PE_PanelButtonCommand:
             DrawOutline(painter, *option, widget, option->rect);
             break;
         case PE_IndicatorRadioButton: {
@@ -96,12 +100,12 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
             painter->setPen(OutlineColour(option->palette, option->state & State_Enabled));
             painter->drawEllipse(QRectF(option->rect).center(), radius - 0.5, radius - 0.5);
             painter->restore();
+            DrawChanged(painter, *option, widget);
             break;
         }
         default:
             break;
     }
-    if (element == PE_FrameLineEdit && Has(widget, kChanged)) DrawChanged(painter, *option);
 }
 
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
@@ -109,7 +113,7 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_ComboBox) {
         DrawOutline(painter, *option, widget, option->rect);
-        if (Has(widget, kChanged)) DrawChanged(painter, *option);
+        DrawChanged(painter, *option, widget);
     } else if (control == CC_ScrollBar) {
         const QRect slider = subControlRect(control, option, SC_ScrollBarSlider, widget);
         Stroke(painter, slider, OutlineColour(option->palette, option->state & State_Enabled));

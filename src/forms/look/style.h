@@ -12,9 +12,11 @@ QColor OutlineColour(const QPalette& palette, bool enabled);
 
 // Buttons with the property kPrimary are the one thing to do on their page.
 inline constexpr char kPrimary[] = "primary";
-// Boxes with the property kFaulty hold what can't be written; with kChanged, what the unit has not.
+// Boxes with the property kFaulty hold what can't be written; with kChanged, what the unit has not;
+// with kNotTaken, what was written and the unit has not kept.
 inline constexpr char kFaulty[] = "faulty";
 inline constexpr char kChanged[] = "changed";
+inline constexpr char kNotTaken[] = "notTaken";
 
 class LookStyle : public QProxyStyle {
   public:
