@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "console/names.h"
+#include "console/values.h"
 #include "console/words.h"
 #include "screen/hand.h"
 
@@ -21,6 +22,8 @@ struct Action {
     std::function<Refusal()> run;
     // It closes the main form and does not return.
     bool ends_program = false;
+    // What the answer says afterwards; empty: nothing.
+    std::function<Json()> value = {};
 };
 
 struct MadeAction {

@@ -135,7 +135,11 @@ void Console::RunNow(const Action& action) {
     if (running.over) return;
     running.over = true;
     busy_ = false;
-    refusal ? AnswerError(*refusal) : AnswerOk();
+    if (refusal) {
+        AnswerError(*refusal);
+    } else {
+        action.value ? AnswerValue(action.value()) : AnswerOk();
+    }
 }
 
 void Console::RunStarted(const Action& action) {

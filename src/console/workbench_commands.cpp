@@ -26,6 +26,10 @@ Json LeftAloneOf(const FileOutcome& outcome) {
     return list;
 }
 
+Json ValueOf(const FileOutcome& outcome) {
+    return {{"changes", DifferencesOf(outcome)}, {"left_alone", LeftAloneOf(outcome)}};
+}
+
 }  // namespace
 
 Workbench* Console::NeedWorkbench() {
@@ -82,10 +86,13 @@ void Console::HandleVerify(const Words& /*words*/) {
 void Console::HandleOpen(const Words& words) {
     Workbench* const workbench = NeedWorkbench();
     if (!workbench) return;
-    const FileOutcome outcome = OpenConfiguration(*workbench, words[1].text);
-    outcome.error
-        ? AnswerError(*outcome.error)
-        : AnswerValue({{"changes", DifferencesOf(outcome)}, {"left_alone", LeftAloneOf(outcome)}});
+    FileOutcome outcome;
+    RunNow({.check = {},
+            .run = [&]() -> Refusal {
+                outcome = OpenConfiguration(*workbench, words[1].text);
+                return outcome.error;
+            },
+            .value = [&] { return ValueOf(outcome); }});
 }
 
 void Console::HandleSave(const Words& words) {
@@ -99,9 +106,7 @@ void Console::HandleCompare(const Words& words) {
     Workbench* const workbench = NeedWorkbench();
     if (!workbench) return;
     const FileOutcome outcome = CompareConfiguration(*workbench, words[1].text);
-    outcome.error
-        ? AnswerError(*outcome.error)
-        : AnswerValue({{"changes", DifferencesOf(outcome)}, {"left_alone", LeftAloneOf(outcome)}});
+    outcome.error ? AnswerError(*outcome.error) : AnswerValue(ValueOf(outcome));
 }
 
 }  // namespace kestrane

@@ -1,7 +1,10 @@
 #include "editing/configuration_files.h"
 
+#include <algorithm>
+
 #include "configuration/file.h"
 #include "configuration/screen_values.h"
+#include "configuration/tabs.h"
 
 namespace kestrane {
 namespace {
@@ -44,9 +47,8 @@ std::optional<std::string> Load(FileStore& disk, const std::string& path, Config
 }
 
 // What the file says otherwise than the screen.
-FileOutcome Differences(Workbench& bench, const std::string& path) {
+FileOutcome Differences(Workbench& bench, const std::string& path, ConfigurationText& text) {
     FileOutcome outcome;
-    ConfigurationText text;
     outcome.error = Load(bench.tool.link.platform().disk, path, text);
     if (outcome.error) return outcome;
     for (const Setting& setting : Settings()) {
@@ -63,6 +65,79 @@ FileOutcome Differences(Workbench& bench, const std::string& path) {
             {&setting, ShownIn(bench.tool.main_form, setting), OnScreen(setting, found->second)});
     }
     return outcome;
+}
+
+// The tabs whose values differ, with the one that is shown at the end.
+std::vector<const TabRow*> TabsToType(const FileOutcome& outcome, int shown) {
+    std::vector<const TabRow*> tabs;
+    for (const TabRow& tab : TabRows()) {
+        const bool concerned = std::any_of(
+            outcome.differences.begin(), outcome.differences.end(),
+            [&](const FileDifference& difference) { return tab.Holds(*difference.setting); });
+        if (concerned) tabs.push_back(&tab);
+    }
+    std::stable_partition(tabs.begin(), tabs.end(),
+                          [shown](const TabRow* tab) { return tab->page != shown; });
+    return tabs;
+}
+
+// As a hand does it. Values of a tab may depend on each other, as rights that imply others do: what
+// does not stand yet is typed again.
+void TypeTab(Tool& tool, const TabRow& tab, const SettingValues& values,
+             const FileOutcome& outcome) {
+    constexpr int kPasses = 3;
+    for (int pass = 0; pass < kPasses; ++pass) {
+        for (const FileDifference& difference : outcome.differences) {
+            const Setting& setting = *difference.setting;
+            if (!tab.Holds(setting)) continue;
+            const SettingValue& value = values.at(&setting);
+            if (pass > 0 && !CheckTyped(tool, setting, value)) continue;
+            TypeSetting(tool, setting, value);
+        }
+    }
+}
+
+// While another tab stays shown.
+void SetTab(Tool& tool, const TabRow& tab, const FileOutcome& outcome) {
+    constexpr int kPasses = 2;
+    for (int pass = 0; pass < kPasses; ++pass) {
+        for (const FileDifference& difference : outcome.differences) {
+            if (!tab.Holds(*difference.setting)) continue;
+            ShowIn(tool.main_form, *difference.setting, difference.in_file);
+        }
+    }
+}
+
+// What the screen did not take as it stands goes over to what was left alone.
+void TypeDifferences(Workbench& bench, const SettingValues& values, FileOutcome& outcome) {
+    Tool& tool = bench.tool;
+    TabControl& tabs = tool.main_form.SSTab1;
+    const int shown = tabs.Tab();
+    const int connection = tool.link.connection();
+    // Leaving the changeover tab would clear it.
+    const bool stay = shown == PageOfTab("changeover");
+    for (const TabRow* tab : TabsToType(outcome, shown)) {
+        if (stay && tab->page != shown) {
+            SetTab(tool, *tab, outcome);
+        } else if (tabs.Tab() == tab->page || !tool.hand.Choose(tabs, tab->page)) {
+            TypeTab(tool, *tab, values, outcome);
+        }
+    }
+    if (tabs.Tab() != shown) tool.hand.Choose(tabs, shown);
+    if (tool.link.connection() != connection) {
+        outcome.error = "Stopped: the connection has ended.";
+        outcome.differences.clear();
+    }
+    std::vector<FileDifference> typed;
+    for (FileDifference& difference : outcome.differences) {
+        const Setting& setting = *difference.setting;
+        if (Refusal why = CheckTyped(tool, setting, values.at(&setting))) {
+            outcome.left_alone.push_back({setting.key, why->substr(setting.key.size() + 2)});
+        } else {
+            typed.push_back(std::move(difference));
+        }
+    }
+    outcome.differences = std::move(typed);
 }
 
 std::string LeftAloneInWords(const FileOutcome& outcome) {
@@ -84,22 +159,18 @@ void Say(Workbench& bench, const FileOutcome& outcome, const std::string& text) 
 
 }  // namespace
 
-// Twice, as setting one control may change another.
 FileOutcome OpenConfiguration(Workbench& bench, const std::string& path) {
-    FileOutcome outcome = Differences(bench, path);
-    bench.history.Close();
-    for (int pass = 0; pass < 2; ++pass) {
-        for (const FileDifference& change : outcome.differences) {
-            ShowIn(bench.tool.main_form, *change.setting, change.in_file);
-        }
-    }
+    ConfigurationText text;
+    FileOutcome outcome = Differences(bench, path, text);
+    bench.history.AsOneStep([&] { TypeDifferences(bench, text.values, outcome); });
     const int typed = static_cast<int>(outcome.differences.size());
     Say(bench, outcome, "Opened " + path + ": " + Count(typed, "change"));
     return outcome;
 }
 
 FileOutcome CompareConfiguration(Workbench& bench, const std::string& path) {
-    FileOutcome outcome = Differences(bench, path);
+    ConfigurationText text;
+    const FileOutcome outcome = Differences(bench, path, text);
     const int differ = static_cast<int>(outcome.differences.size());
     Say(bench, outcome, "Compared with " + path + ": " + Count(differ, "difference"));
     return outcome;

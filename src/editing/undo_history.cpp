@@ -49,7 +49,7 @@ void UndoHistory::Settle() {
 }
 
 void UndoHistory::FocusChanged(Form& form) {
-    if (&form != &tool_.main_form || applying_) return;
+    if (&form != &tool_.main_form || applying_ || one_step_) return;
     Settle();
     visited_ = tool_.main_form.Focused();
 }
@@ -61,6 +61,15 @@ void UndoHistory::OperationBegan(const OperationRecord& operation) {
 void UndoHistory::Close() {
     Settle();
     if (!done_.empty()) done_.back().closed = true;
+}
+
+void UndoHistory::AsOneStep(const std::function<void()>& work) {
+    Close();
+    one_step_ = true;
+    work();
+    one_step_ = false;
+    Close();
+    visited_ = tool_.main_form.Focused();
 }
 
 bool UndoHistory::CanUndo() {

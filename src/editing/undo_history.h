@@ -4,6 +4,7 @@
 // the program changed in consequence; a repair that runs when the control is left belongs to it.
 // What the program reads or clears ends the history: nobody did it, and nobody can take it back.
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,6 +28,8 @@ class UndoHistory : public ScreenListener, public JournalObserver {
     bool CanUndo();
     // What comes now is a step of its own, whatever it changes.
     void Close();
+    // What `work` changes is one step, whichever controls it visits.
+    void AsOneStep(const std::function<void()>& work);
     bool CanRedo() const { return !undone_.empty(); }
 
     void FocusChanged(Form& form) override;
@@ -56,6 +59,7 @@ class UndoHistory : public ScreenListener, public JournalObserver {
     std::vector<Step> undone_;
     Control* visited_ = nullptr;
     bool applying_ = false;
+    bool one_step_ = false;
 };
 
 }  // namespace kestrane

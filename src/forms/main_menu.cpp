@@ -71,6 +71,7 @@ class Filler {
                  FileOutcome (*run)(Workbench&, const std::string&)) {
         QWidget* const owner = bar_.window();
         Workbench* const bench = &bench_;
+        Mirror* const mirror = &mirror_;
         Add(menu, text, QKeySequence(keys), [=] {
             auto* dialog = new QFileDialog(owner, QString(text).remove(u'&'));
             dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -80,7 +81,7 @@ class Filler {
                 {QStringLiteral("Configurations (*.mdu.json *.json)"), QStringLiteral("All (*)")});
             dialog->setDefaultSuffix(QStringLiteral("mdu.json"));
             QObject::connect(dialog, &QFileDialog::fileSelected, owner, [=](const QString& path) {
-                run(*bench, QFile::encodeName(path).toStdString());
+                mirror->Post([=] { run(*bench, QFile::encodeName(path).toStdString()); });
             });
             dialog->open();
         });

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <random>
 
 #include "editing/configuration_files.h"
@@ -138,9 +139,12 @@ TEST_P(RandomOperator, FindsChangesAndUndoAsTheModelHasThem) {
         for (int i = 0; i < 4; ++i) unit[keys[i]] = boxes[i]->Text();
     };
     learn();
+    const std::string file = "random_operator_" + std::to_string(GetParam()) + ".mdu.json";
+    EXPECT_EQ(SaveConfiguration(it.bench, file).error, std::nullopt);
+    const std::map<std::string, std::string> saved = unit;
     for (int step = 0; step < 60; ++step) {
         const int which = static_cast<int>(random() % 4);
-        switch (random() % 8) {
+        switch (random() % 12) {
             case 0:
                 it.bench.Undo();
                 break;
@@ -154,6 +158,27 @@ TEST_P(RandomOperator, FindsChangesAndUndoAsTheModelHasThem) {
             case 3:
                 it.bench.pending.Revert(*FindSetting(keys[which]));
                 break;
+            case 4:
+                EXPECT_EQ(OpenConfiguration(it.bench, file).error, std::nullopt);
+                // The last is secret, and not in the file.
+                for (int i = 0; i < 3; ++i) EXPECT_EQ(boxes[i]->Text(), saved.at(keys[i]));
+                break;
+            case 5:
+                it.Click(it.form.cmdDisconnect);
+                it.ReadSettings();
+                learn();
+                break;
+            case 6:
+                it.Click(it.network.cmdReadNetworkSettings);
+                for (int i = 0; i < 4; ++i) EXPECT_EQ(boxes[i]->Text(), unit[keys[i]]);
+                break;
+            case 7: {
+                std::vector<std::string> typed;
+                for (TextBox* box : boxes) typed.push_back(box->Text());
+                it.bench.Verify();
+                for (int i = 0; i < 4; ++i) EXPECT_EQ(boxes[i]->Text(), typed[static_cast<std::size_t>(i)]);
+                break;
+            }
             default:
                 it.Type(*boxes[which], "t" + std::to_string(random() % 5));
         }
@@ -163,6 +188,7 @@ TEST_P(RandomOperator, FindsChangesAndUndoAsTheModelHasThem) {
                 << step << " " << keys[i];
         }
     }
+    std::filesystem::remove(file);
     it.Click(it.form.cmdDisconnect);
     it.ReadSettings();
     const std::string read = boxes[0]->Text();
