@@ -81,8 +81,9 @@ std::vector<const TabRow*> TabsToType(const FileOutcome& outcome, int shown) {
     return tabs;
 }
 
-// As a hand does it. Values of a tab may depend on each other, as rights that imply others do: what
-// does not stand yet is typed again.
+// As a hand does it, or as the program does where no hand may: the frames of a tab that was left
+// stay closed when it is shown again, though its write button is open. Values of a tab may depend
+// on each other, as rights that imply others do: what does not stand yet is typed again.
 void TypeTab(Tool& tool, const TabRow& tab, const SettingValues& values,
              const FileOutcome& outcome) {
     constexpr int kPasses = 3;
@@ -92,36 +93,24 @@ void TypeTab(Tool& tool, const TabRow& tab, const SettingValues& values,
             if (!tab.Holds(setting)) continue;
             const SettingValue& value = values.at(&setting);
             if (pass > 0 && !CheckTyped(tool, setting, value)) continue;
-            TypeSetting(tool, setting, value);
+            if (TypeSetting(tool, setting, value)) {
+                ShowIn(tool.main_form, setting, difference.in_file);
+            }
         }
     }
 }
 
-// While another tab stays shown.
-void SetTab(Tool& tool, const TabRow& tab, const FileOutcome& outcome) {
-    constexpr int kPasses = 2;
-    for (int pass = 0; pass < kPasses; ++pass) {
-        for (const FileDifference& difference : outcome.differences) {
-            if (!tab.Holds(*difference.setting)) continue;
-            ShowIn(tool.main_form, *difference.setting, difference.in_file);
-        }
-    }
-}
-
-// What the screen did not take as it stands goes over to what was left alone.
+// What the screen did not take as it stands is taken back, and goes over to what was left alone.
 void TypeDifferences(Workbench& bench, const SettingValues& values, FileOutcome& outcome) {
     Tool& tool = bench.tool;
     TabControl& tabs = tool.main_form.SSTab1;
     const int shown = tabs.Tab();
     const int connection = tool.link.connection();
-    // Leaving the changeover tab would clear it.
-    const bool stay = shown == PageOfTab("changeover");
     for (const TabRow* tab : TabsToType(outcome, shown)) {
-        if (stay && tab->page != shown) {
-            SetTab(tool, *tab, outcome);
-        } else if (tabs.Tab() == tab->page || !tool.hand.Choose(tabs, tab->page)) {
-            TypeTab(tool, *tab, values, outcome);
-        }
+        // Leaving the changeover tab would clear it.
+        const bool stay = tab->page == tabs.Tab() || shown == PageOfTab("changeover");
+        if (!stay) tool.hand.Choose(tabs, tab->page);
+        TypeTab(tool, *tab, values, outcome);
     }
     if (tabs.Tab() != shown) tool.hand.Choose(tabs, shown);
     if (tool.link.connection() != connection) {
@@ -132,6 +121,7 @@ void TypeDifferences(Workbench& bench, const SettingValues& values, FileOutcome&
     for (FileDifference& difference : outcome.differences) {
         const Setting& setting = *difference.setting;
         if (Refusal why = CheckTyped(tool, setting, values.at(&setting))) {
+            bench.pending.Revert(setting);
             outcome.left_alone.push_back({setting.key, why->substr(setting.key.size() + 2)});
         } else {
             typed.push_back(std::move(difference));

@@ -176,7 +176,8 @@ TEST_P(RandomOperator, FindsChangesAndUndoAsTheModelHasThem) {
                 std::vector<std::string> typed;
                 for (TextBox* box : boxes) typed.push_back(box->Text());
                 it.bench.Verify();
-                for (int i = 0; i < 4; ++i) EXPECT_EQ(boxes[i]->Text(), typed[static_cast<std::size_t>(i)]);
+                for (int i = 0; i < 4; ++i)
+                    EXPECT_EQ(boxes[i]->Text(), typed[static_cast<std::size_t>(i)]);
                 break;
             }
             default:
