@@ -158,6 +158,10 @@ void Messages::Look() {
         case SocketState::kConnected:
             Connecting();
             Add(MessageKind::kGood, "Connected to " + peer_ + ".");
+            for (const auto& observer : connected_) {
+                observer(tool_.main_form.txtCurrentIPAddress.Text(),
+                         tool_.main_form.txtCurrentPort.Text());
+            }
             break;
         case SocketState::kError:
             if (before == SocketState::kConnected) {

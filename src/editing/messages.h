@@ -36,6 +36,11 @@ class Messages : public JournalObserver {
     const std::deque<Message>& All() const { return messages_; }
     void OnAdded(std::function<void(const Message&)> observer);
 
+    // After a connection stands: with what the operator has typed as host and port.
+    void OnConnected(std::function<void(const std::string&, const std::string&)> observer) {
+        connected_.push_back(std::move(observer));
+    }
+
     // Looks at the socket: after each event, by whoever runs the events.
     void Look();
 
@@ -47,6 +52,7 @@ class Messages : public JournalObserver {
     Tool& tool_;
     std::deque<Message> messages_;
     std::vector<std::function<void(const Message&)>> observers_;
+    std::vector<std::function<void(const std::string&, const std::string&)>> connected_;
     SocketState state_ = SocketState::kClosed;
     std::string peer_;  // "10.0.0.7:1243"
 };

@@ -9,7 +9,6 @@
 #include "forms/latin1.h"
 #include "forms/layout.h"
 #include "forms/look/look.h"
-#include "forms/look/style.h"
 #include "forms/main_menu.h"
 #include "forms/pages.h"
 #include "forms/progress.h"
@@ -113,17 +112,18 @@ FrameView* MainWindow::ConnectionPanel() {
     FrameView* frame = mirror_.Make(form_.fraIPAddress);
     QGridLayout* grid = GridIn(frame);
     AddField(mirror_, grid, 0, 0, form_.lblCurrentIPAddress, form_.txtCurrentIPAddress, 18);
-    AddField(mirror_, grid, 0, 2, form_.lblCurrentPort, form_.txtCurrentPort, 6);
-    AddField(mirror_, grid, 0, 4, form_.lblTimeout, form_.txtTimeout, 4);
+    used_ = new UsedAddresses(mirror_, form_, bench_.messages);
+    grid->addWidget(used_, 0, 2);
+    AddField(mirror_, grid, 0, 3, form_.lblCurrentPort, form_.txtCurrentPort, 6);
+    AddField(mirror_, grid, 0, 5, form_.lblTimeout, form_.txtTimeout, 4);
     auto* buttons = Row();
-    ButtonView* connect = mirror_.Make(form_.cmdConnect);
-    connect->setProperty(kPrimary, true);
+    auto* connect = mirror_.Make<PrimaryButton>(form_.cmdConnect);
     connect->ReserveFor({QStringLiteral("Connected Port A")});
     ButtonView* disconnect = mirror_.Make(form_.cmdDisconnect);
     disconnect->ReserveFor({QStringLiteral("Timeout Disconnected")});
     buttons->addWidget(connect, 1);
     buttons->addWidget(disconnect, 1);
-    grid->addLayout(buttons, 1, 0, 1, 6);
+    grid->addLayout(buttons, 1, 0, 1, 7);
     return frame;
 }
 
@@ -300,12 +300,16 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     });
 }
 
-// Enter in the address boxes connects.
+// Enter in the address boxes connects, Down offers addresses.
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const Control* const focused = form_.Focused();
     if (enter && focused && focused->container().container_name() == "fraIPAddress") {
         mirror_.Click(form_.cmdConnect);
+        return;
+    }
+    if (event->key() == Qt::Key_Down && focused == &form_.txtCurrentIPAddress) {
+        used_->Offer();
         return;
     }
     FormWindow::keyPressEvent(event);
@@ -340,6 +344,7 @@ void MainWindow::ShowMarks() {
     marks_->Show();
     strip_->ShowCount();
     header_->Show();
+    used_->Show();
     const QString name = header_->Name();
     const QString title = ToQt(form_.Caption());
     const QString wanted = name.isEmpty() ? title : name + QStringLiteral(" - ") + title;

@@ -16,6 +16,7 @@
 #include "forms/marks.h"
 #include "forms/message_strip.h"
 #include "forms/unit_header.h"
+#include "forms/used_addresses.h"
 #include "screen/main_form.h"
 
 namespace kestrane {
@@ -63,6 +64,7 @@ class MainWindow : public FormWindow {
     QMenuBar* menu_ = nullptr;
     Fading* fading_ = nullptr;
     UnitHeader* header_ = nullptr;
+    UsedAddresses* used_ = nullptr;
     MessageStrip* strip_ = nullptr;
     LogPane* log_ = nullptr;
     bool marks_scheduled_ = false;

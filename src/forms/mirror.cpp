@@ -114,16 +114,22 @@ void Mirror::Refresh() {
     dirty.swap(dirty_);
     for (Binder* binder : dirty) focus_dirty_ |= binder->Sync();
     if (std::exchange(form_dirty_, false) && form_changed_) form_changed_();
-    if (!dirty.empty()) SyncFaulty();
+    if (!dirty.empty()) SyncLabels();
     if (!dirty.empty() && refreshed_) refreshed_();
     if (focus_dirty_) SyncFocus();
     --syncing_;
 }
 
-// Red has a second sign: a border around the box that it is about.
-void Mirror::SyncFaulty() {
+// The text beside a box that can be used is never grey. Red has a second sign: a border around the
+// box that it is about.
+void Mirror::SyncLabels() {
     for (const auto& [box, label] : labels_) {
         QWidget* const view = WidgetOf(*box);
+        QWidget* const text = WidgetOf(*label);
+        const bool usable = Binder::EffectivelyEnabled(*box) || Binder::EffectivelyEnabled(*label);
+        if (text && text->isEnabled() != usable && !text->property(kStaysEnabled).toBool()) {
+            text->setEnabled(usable);
+        }
         const bool faulty = label->ForeColor() == kRed;
         if (!view || view->property(kFaulty).toBool() == faulty) continue;
         view->setProperty(kFaulty, faulty);

@@ -137,7 +137,7 @@ class Mirror {
     void ScheduleRefresh();
     void GoTo(Control& control);
     void SyncFocus();
-    void SyncFaulty();
+    void SyncLabels();
 
     Form& form_;
     Hand& hand_;

@@ -7,6 +7,7 @@
 #include "forms/latin1.h"
 #include "forms/look/look.h"
 #include "forms/look/spacing.h"
+#include "forms/look/style.h"
 
 namespace kestrane {
 namespace {
@@ -43,6 +44,8 @@ void FrameView::SetTitleColours(const QPalette& palette) {
 }
 
 // ButtonView
+
+PrimaryButton::PrimaryButton() { setProperty(kPrimary, true); }
 
 QSize ButtonView::sizeHint() const {
     QSize size = QPushButton::sizeHint();

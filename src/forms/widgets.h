@@ -48,6 +48,12 @@ class ButtonView : public QPushButton {
     std::vector<QString> reserved_;
 };
 
+// The one thing to do where it stands.
+class PrimaryButton : public ButtonView {
+  public:
+    PrimaryButton();
+};
+
 // A light in grey (0), red, green or orange (3).
 class LightView : public QWidget {
   public:

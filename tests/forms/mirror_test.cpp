@@ -1,10 +1,13 @@
 #include <QClipboard>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QTabBar>
+#include <QToolButton>
 #include <QToolTip>
 #include <QWindow>
 #include <set>
 
+#include "forms/look/look.h"
 #include "forms_test_support.h"
 
 namespace kestrane {
@@ -231,6 +234,42 @@ TEST_F(MirrorTest, DisabledControlsTellWhy) {
               "SNMP port is fixed at 161.\nA blank community string will disable SNMP port on "
               "reset\n\nConnect to a unit first");
     EXPECT_TRUE(tip(network().txtOledTimeout).contains("From 0 to 2540 in steps of 10."));
+}
+
+TEST_F(MirrorTest, LabelsAreReadableBesideUsableBoxesAndGreyOverEmptyPanels) {
+    form().lblTimeout.SetEnabled(false);
+    network().lblIPAddress.SetForeColor(kRed);
+    Settle();
+    EXPECT_TRUE(View(form().lblTimeout).isEnabled());
+    const QWidget& label = View(network().lblIPAddress);
+    EXPECT_FALSE(label.isEnabled());
+    EXPECT_EQ(label.palette().color(QPalette::Disabled, QPalette::WindowText),
+              QApplication::palette().color(QPalette::Disabled, QPalette::WindowText));
+    EXPECT_EQ(View(form().cmdConnect).palette().color(QPalette::Active, QPalette::Button),
+              PrimaryPalette(QApplication::palette()).color(QPalette::Active, QPalette::Button));
+}
+
+TEST_F(MirrorTest, AddressesOfThisRunAreOffered) {
+    auto& box = View<QLineEdit>(form().txtCurrentIPAddress);
+    auto* const offer = box.parentWidget()->findChild<QToolButton*>();
+    EXPECT_FALSE(offer->isEnabled());
+    for (const char* host : {"10.0.0.7", "10.0.0.8"}) {
+        tool_.hand.Type(form().txtCurrentIPAddress, host);
+        tool_.hand.Click(form().cmdConnect);
+        world_.RunFor(std::chrono::milliseconds{250});
+        EXPECT_FALSE(offer->isEnabled());
+        tool_.hand.Click(form().cmdDisconnect);
+        world_.RunFor(std::chrono::milliseconds{250});
+    }
+    tool_.hand.GoTo(form().txtCurrentIPAddress);
+    Settle();
+    QTest::keyClick(&box, Qt::Key_Down);
+    auto* const menu = offer->findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 2);
+    menu->actions()[1]->trigger();
+    Settle();
+    EXPECT_EQ(form().txtCurrentIPAddress.Text(), "10.0.0.7");
 }
 
 TEST_F(MirrorTest, CtrlAloneShowsAndHidesTheDiagnostics) {

@@ -208,7 +208,12 @@ QColor Readable(const QColor& colour, const QColor& background) {
 
 QPalette LabelPalette(const QPalette& palette, std::optional<Colour> fore,
                       std::optional<Colour> back) {
-    return WithColours(palette, QPalette::WindowText, QPalette::Window, fore, back);
+    QPalette made = WithColours(palette, QPalette::WindowText, QPalette::Window, fore, back);
+    if (!back) {
+        made.setColor(QPalette::Disabled, QPalette::WindowText,
+                      palette.color(QPalette::Disabled, QPalette::WindowText));
+    }
+    return made;
 }
 
 QPalette BoxPalette(const QPalette& palette, std::optional<Colour> fore,

@@ -40,7 +40,8 @@ double Contrast(const QColor& a, const QColor& b);
 // `colour` made lighter or darker until it can be read on `background`.
 QColor Readable(const QColor& colour, const QColor& background);
 
-// The palette of a control that stands on `palette`, with its colours set for each state.
+// The palette of a control that stands on `palette`, with its colours set for each state. A label
+// that is disabled is grey, whatever the colour says about a value that is not there.
 QPalette LabelPalette(const QPalette& palette, std::optional<Colour> fore,
                       std::optional<Colour> back);
 QPalette BoxPalette(const QPalette& palette, std::optional<Colour> fore,
