@@ -7,10 +7,6 @@ namespace {
 
 using End = Exchange::End;
 
-std::string Blocks(int count) {
-    return count == 1 ? "1 block was" : std::to_string(count) + " blocks were";
-}
-
 // "Channel Names" of "Write Channel Names".
 std::string Subject(const std::string& name) {
     const auto blank = name.find(' ');
@@ -18,16 +14,21 @@ std::string Subject(const std::string& name) {
 }
 
 struct Writes {
+    int planned = 0;  // 0: not known
     int accepted = 0;
+    bool in_a_row = true;   // the accepted ones are the first
     bool doubtful = false;  // sent, and nobody knows whether it was taken
 };
 
 Writes WritesOf(const OperationRecord& operation, const Journal& journal) {
     Writes writes;
+    writes.planned = operation.planned_writes;
+    int tried = 0;
     for (const auto number : operation.exchanges) {
         const Exchange* exchange = journal.FindExchange(number);
         if (!exchange || !exchange->IsWrite()) continue;
-        if (exchange->Accepted()) ++writes.accepted;
+        ++tried;
+        if (exchange->Accepted()) writes.in_a_row = ++writes.accepted == tried;
         const bool unanswered = exchange->end == End::kNoAnswer ||
                                 exchange->end == End::kCorrupted || exchange->end == End::kLineLost;
         if (unanswered && exchange->times_sent > 0) writes.doubtful = true;
@@ -35,10 +36,18 @@ Writes WritesOf(const OperationRecord& operation, const Journal& journal) {
     return writes;
 }
 
+// "Blocks 1 to 5 of 14 were".
+std::string Blocks(const Writes& writes) {
+    const std::string count = std::to_string(writes.accepted);
+    const std::string of = " of " + std::to_string(writes.planned);
+    if (writes.planned == 0) return writes.accepted == 1 ? "1 block was" : count + " blocks were";
+    if (!writes.in_a_row) return count + of + " blocks were";
+    return writes.accepted == 1 ? "Block 1" + of + " was" : "Blocks 1 to " + count + of + " were";
+}
+
 std::string WhatWasWritten(const Writes& writes) {
-    std::string text = writes.accepted > 0 ? Blocks(writes.accepted) + " written before"
-                                           : std::string(writes.doubtful ? "No block was confirmed"
-                                                                         : "Nothing was written");
+    std::string text = writes.doubtful ? "No block was confirmed" : "Nothing was written";
+    if (writes.accepted > 0) text = Blocks(writes) + " written before";
     if (writes.doubtful) text += "; one more was sent and its answer did not come";
     return text + ".";
 }

@@ -118,10 +118,11 @@ void ChannelNames::cmdWriteChannelNames_Click() {
     if (!link_.Connected()) return;
     if (!KnownForWriting(link_, session_.known.names, "Write Channel Names", "channel names"))
         return;
-    const LongOperation operation(
+    LongOperation operation(
         form_, link_, "Write Channel Names",
         {&tab_.cmdReadChannelNames, &tab_.cmdWriteChannelNames, &form_.network.cmdResetEthernet},
         {&tab_.cmdReadChannelNames});
+    operation.operation().PlanWrites(2 + kOutlets);
     if (WriteAll()) {
         form_.lblMemoryBlock.SetCaption("Writing names complete");
         EnableAfterSuccess();

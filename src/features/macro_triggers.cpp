@@ -127,10 +127,11 @@ void MacroTriggers::cmdWriteMacroTriggers_Click() {
     }
     const auto records = BuildRecords(tab_);
     if (!records) return RefusePage();
-    const LongOperation operation(form_, link_, "Write Macro Triggers",
-                                  {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
-                                   &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
-                                  {&tab_.cmdReadMacroTriggers, &tab_.cmdEditMacro});
+    LongOperation operation(form_, link_, "Write Macro Triggers",
+                            {&tab_.cmdEditMacro, &tab_.cmdReadMacroTriggers,
+                             &tab_.cmdWriteMacroTriggers, &form_.network.cmdResetEthernet},
+                            {&tab_.cmdReadMacroTriggers, &tab_.cmdEditMacro});
+    operation.operation().PlanWrites(kRows);
     int row = 0;
     for (const std::string& record : *records) {
         form_.lblMemoryBlock.SetCaption(Progress("Writing Macro Data", row));

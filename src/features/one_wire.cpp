@@ -133,6 +133,7 @@ class OneWire::Busy {
     Busy& operator=(const Busy&) = delete;
 
     bool Stale() const { return operation_.Stale(); }
+    void PlanWrites(int blocks) { operation_.operation().PlanWrites(blocks); }
     // Units before 1.4.3 give no live addresses; the rest of the operation is as good without.
     void PassOverLive() {
         operation_.operation().Skip("live addresses", "the unit does not give them");
@@ -202,6 +203,7 @@ void OneWire::cmdWrite1WNames_Click() {
         return;
     }
     Busy busy(*this, "Write 1-Wire Names");
+    busy.PlanWrites(kNameBlocks);
     if (WriteNames()) form_.lblMemoryBlock.SetCaption("Writing 1-Wire Names complete");
 }
 
@@ -274,7 +276,8 @@ bool OneWire::ReadLiveSensors() {
     for (int slot = 0; slot < kSlots; ++slot) {
         form_.lblMemoryBlock.SetCaption(
             Progress("Reading 1-Wire Live Addresses", slot + 1, kSlots));
-        if (!link_.Command(Bytes({session_.RelayAddress, kOneWireMemory, kOneWireReadLive, slot + 1}))) {
+        if (!link_.Command(
+                Bytes({session_.RelayAddress, kOneWireMemory, kOneWireReadLive, slot + 1}))) {
             return false;
         }
         session_.OneWireUnsupported = false;

@@ -70,6 +70,10 @@ std::uint64_t Journal::BeginOperation(std::string name, int connection) {
     return last_operation_;
 }
 
+void Journal::PlanWrites(std::uint64_t operation, int blocks) {
+    if (OperationRecord* record = MutableOperation(operation)) record->planned_writes = blocks;
+}
+
 void Journal::Skip(std::uint64_t operation, Skipped skipped) {
     if (OperationRecord* record = MutableOperation(operation)) {
         record->skipped.push_back(std::move(skipped));

@@ -68,6 +68,7 @@ struct OperationRecord {
     int connection = 0;
     std::vector<std::uint64_t> exchanges;  // their numbers, polls left out
     std::vector<Skipped> skipped;
+    int planned_writes = 0;  // blocks that it means to write, in order; 0: not told
     End end = End::kRunning;
     std::uint64_t stopped_at = 0;  // the number of the first exchange that failed; 0: none
     std::string why;               // of a stop without a failed exchange
@@ -103,6 +104,7 @@ class Journal {
 
     // For the link. Each begin returns the new record's number.
     std::uint64_t BeginOperation(std::string name, int connection);
+    void PlanWrites(std::uint64_t operation, int blocks);
     void Skip(std::uint64_t operation, Skipped skipped);
     void Stop(std::uint64_t operation, std::string why);
     // A failed exchange so far is part of how the operation goes and does not stop it.

@@ -47,6 +47,8 @@ Link::Operation::~Operation() {
     if (link_.when_idle_ && !link_.Busy()) std::exchange(link_.when_idle_, nullptr)();
 }
 
+void Link::Operation::PlanWrites(int blocks) { link_.journal_.PlanWrites(number_, blocks); }
+
 void Link::Operation::Skip(std::string what, std::string why) {
     link_.journal_.Skip(number_, {std::move(what), std::move(why)});
 }

@@ -39,8 +39,10 @@ class Link {
         // may be written over what a newer connection has read.
         bool Stale() const { return connection_ != link_.connection_; }
 
-        // For the journal: what is left out on purpose; that it stops here though every exchange
-        // went well; that a failed exchange is part of how it goes.
+        // For the journal: how many blocks it means to write; what is left out on purpose; that it
+        // stops here though every exchange went well; that a failed exchange is part of how it
+        // goes.
+        void PlanWrites(int blocks);
         void Skip(std::string what, std::string why);
         void Stop(std::string why);
         void Forgive();

@@ -135,6 +135,7 @@ void Transfer::cmdupload_Click() {
 void Transfer::upload() {
     if (state_.transferring) return;
     Link::Operation operation(link_, "Upload Macro");
+    operation.PlanWrites((MacroMemory::kProgramEnd - MacroMemory::kProgramBegin) / kBlockSize);
     upload_after_ = LastExchange(link_.journal());
     const Visit visit(state_);
     form_.SetPointer(Form::kHourglass);

@@ -177,9 +177,10 @@ bool WebSecurity::AllPasswordsEmpty() const {
 
 void WebSecurity::cmdWriteWBISettings_Click() {
     if (!link_.Connected()) return;
-    const LongOperation operation(form_, link_, "Write Web Security",
-                                  {&tab_.cmdReadWBISettings, &tab_.cmdWriteWBISettings},
-                                  {&tab_.cmdReadWBISettings});
+    LongOperation operation(form_, link_, "Write Web Security",
+                            {&tab_.cmdReadWBISettings, &tab_.cmdWriteWBISettings},
+                            {&tab_.cmdReadWBISettings});
+    operation.operation().PlanWrites(kLevels + 1);
     if (WriteBlocks()) form_.lblMemoryBlock.SetCaption("Web browser Settings Write Complete.");
     // A disconnect has disabled it for good: a new connection has to read first.
     if (!operation.Stale()) tab_.cmdWriteWBISettings.SetEnabled(true);

@@ -10,8 +10,13 @@ namespace {
 
 constexpr int kNetbiosWritten = 15;
 constexpr std::size_t kKeyCharacters = 32;
+constexpr int kBlocksWithoutKeys = 10;
 constexpr int kControlLevel = 2;
 constexpr int kAdminLevel = 3;
+
+bool HoldsKey(const TextBox& box) {
+    return box.ForeColor() != kRed && box.Text().size() >= kKeyCharacters;
+}
 
 std::string QuadBytes(const TextBox& box) {
     std::string quad = box.Text();
@@ -87,6 +92,9 @@ bool NetworkWrite::WarnOfWebSecurity() {
 }
 
 bool NetworkWrite::WriteAll(Link::Operation& operation) {
+    int blocks = kBlocksWithoutKeys;
+    for (const TextBox& box : tab_.txtChaskey) blocks += HoldsKey(box) ? 1 : 0;
+    operation.PlanWrites(blocks);
     int number = 0;
     const auto text = [](const TextBox& box) { return PadRight(box.Text(), kBlockSize); };
     const std::string blank(kBlockSize, ' ');
@@ -111,7 +119,7 @@ bool NetworkWrite::WriteAll(Link::Operation& operation) {
 bool NetworkWrite::WriteKeys(int& number, Link::Operation& operation) {
     for (int i = 0; i < 3; ++i) {
         const TextBox& box = tab_.txtChaskey(i);
-        if (box.ForeColor() == kRed || box.Text().size() < kKeyCharacters) {
+        if (!HoldsKey(box)) {
             operation.Skip(std::string("key of port ") + "ABC"[i], "it is not a complete key");
             continue;
         }

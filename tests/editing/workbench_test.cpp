@@ -61,7 +61,7 @@ TEST(PendingChanges, LeaveTheBlocksThatAWriteDidNotReach) {
     it.peer.line().DropNext();
     it.Click(it.form.names.cmdWriteChannelNames);
     EXPECT_THAT(it.Last().text, HasSubstr("no answer"));
-    EXPECT_THAT(it.Last().text, HasSubstr("written before; one more was sent"));
+    EXPECT_THAT(it.Last().text, HasSubstr("Blocks 1 to 6 of 16 were written before; one more was sent"));
     EXPECT_THAT(it.Changes(), Not(HasSubstr("First")));
     EXPECT_THAT(it.Changes(), HasSubstr("names.outlet.14.upper"));
 }
@@ -296,21 +296,23 @@ TEST(Outcome, TellsTheTruthForEveryEnd) {
         {End::kRefused, OperationEnd::kStopped, 0, MessageKind::kWarning,
          "Write Channel Names: denied on port C by its privileges. Nothing was written."},
         {End::kRefused, OperationEnd::kStopped, 1, MessageKind::kWarning,
-         "Write Channel Names: denied on port C by its privileges. 1 block was written before."},
+         "Write Channel Names: denied on port C by its privileges. Block 1 of 16 was written before."},
         {End::kNoAnswer, OperationEnd::kStopped, 2, MessageKind::kFault,
-         "Write Channel Names: no answer from 10.0.0.7:1243 in 3 s. 2 blocks were written before; "
-         "one more was sent and its answer did not come. Disconnect and connect again."},
+         "Write Channel Names: no answer from 10.0.0.7:1243 in 3 s. Blocks 1 to 2 of 16 were "
+         "written before; one more was sent and its answer did not come. Disconnect and connect "
+         "again."},
         {End::kCorrupted, OperationEnd::kStopped, 0, MessageKind::kFault,
          "Write Channel Names: the answers came back corrupted. No block was confirmed; one more "
          "was sent and its answer did not come. Disconnect and connect again."},
         {End::kLineLost, OperationEnd::kOvertaken, 5, MessageKind::kFault,
-         "Write Channel Names: the line was lost. 5 blocks were written before; one more was sent "
-         "and its answer did not come."},
+         "Write Channel Names: the line was lost. Blocks 1 to 5 of 16 were written before; one "
+         "more was sent and its answer did not come."},
         {End::kNotSent, OperationEnd::kStopped, 0, MessageKind::kFault,
          "Write Channel Names: there was no connection to send it on. Nothing was written."}};
     for (const Row& row : rows) {
         Journal journal;
         const auto number = journal.BeginOperation("Write Channel Names", 1);
+        journal.PlanWrites(number, 16);
         const auto exchange = [&](End end) {
             Exchange one;
             one.operation = number;
