@@ -45,7 +45,7 @@ QWidget* Group(Mirror& mirror, ScriptEditForm& form, InstructionGroup group) {
         view->SetPadding(kNarrowPadding);
         flow->addWidget(view);
     }
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     widget->setSizePolicy(policy);
     return widget;

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QLabel>
+#include <QScrollBar>
 
 #include "forms/simulation_pane.h"
 #include "forms_test_support.h"
@@ -83,6 +84,17 @@ TEST_F(EditorWindowTest, UndoesCopiesAndPastesByKeys) {
         QGuiApplication::clipboard()->setText("no instruction");
         Key(Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(world_.boxes.shown().back().title, "Not pasted.");
+    });
+}
+
+// Nothing scrolls that fits.
+TEST_F(EditorWindowTest, TheInstructionsNeedNoBarOnALargeScreen) {
+    InEditor([&] {
+        Window().resize(1590, 900);
+        Settle();
+        for (ScrollingPage* page : Window().findChildren<ScrollingPage*>()) {
+            EXPECT_EQ(page->verticalScrollBar()->maximum(), 0);
+        }
     });
 }
 
