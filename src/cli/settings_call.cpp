@@ -2,6 +2,7 @@
 
 #include "cli/calls.h"
 #include "cli/configuration_files.h"
+#include "configuration/schema.h"
 #include "console/values.h"
 
 namespace kestrane {

@@ -14,6 +14,9 @@
 
 namespace kestrane {
 
+inline constexpr char kConfigurationFormat[] = "kestrane-configuration";
+inline constexpr long kConfigurationVersion = 1;
+
 // Where in a text something stands, both from 1.
 struct FilePosition {
     int line = 1;
@@ -39,8 +42,7 @@ struct ConfigurationText {
 // Reads a whole file. With faults the values are those that are right.
 ConfigurationText ReadConfiguration(std::string_view content);
 
-// Why these values together would leave a unit that can't be read, by key; nothing if they would
-// not. `complete`: what is not named is known to be off.
+// Why these values together would leave a unit that can't be read; nothing if they would not.
 std::optional<std::string> CheckTogether(const SettingValues& values);
 
 // What a file says of the unit that it was made from.
@@ -57,8 +59,5 @@ using LeftOut = std::map<const Setting*, std::string>;
 // UTF-8, ends with a line feed.
 std::string WriteConfiguration(const UnitFacts& unit, const SettingValues& values,
                                const LeftOut& left_out);
-
-// JSON Schema, draft 2020-12, of such files.
-std::string ConfigurationSchema();
 
 }  // namespace kestrane

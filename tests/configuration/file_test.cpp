@@ -7,16 +7,20 @@
 #include <nlohmann/json.hpp>
 #include <random>
 
+#include "configuration/schema.h"
+
 namespace kestrane {
 namespace {
+
+using Words = std::vector<std::string>;
 
 std::string Head(const std::string& settings) {
     return "{\"format\": \"kestrane-configuration\", \"version\": 1, \"settings\": " + settings +
            "}";
 }
 
-std::vector<std::string> Lines(const ConfigurationText& text) {
-    std::vector<std::string> lines;
+Words Lines(const ConfigurationText& text) {
+    Words lines;
     for (const FileFault& fault : text.faults) lines.push_back(fault.Line("f"));
     return lines;
 }
@@ -37,24 +41,24 @@ TEST(ConfigurationFile, TellsEveryFaultInOneGoWithItsPlace) {
     "names": "none"
   }
 })";
-    EXPECT_EQ(Lines(ReadConfiguration(content)),
-              (std::vector<std::string>{
-                  "f:4:14: version: is not known; this program reads version 1",
-                  "f:5:3: extra: is not known here; beside \"settings\" a file holds \"format\", "
-                  "\"version\", \"unit\" and \"left_out\"",
-                  "f:8:7: network.unit_nam: there is no such setting; the nearest is "
-                  "network.unit_name",
-                  "f:8:32: network.dhcp: takes true or false",
-                  "f:8:63: network.ip_address: is not an address of four numbers from 0 to 255 "
-                  "with points between",
-                  "f:9:24: network.unit_location: holds a character that a unit does not know; "
-                  "U+00FF is the highest",
-                  "f:10:7: network.dhcp: stands here twice; keep one of them",
-                  "f:12:39: ports.a.attack_limit: must not be 32; the unit could not be read with "
-                  "this value, take another",
-                  "f:12:59: ports.a.port: takes a number from 0 to 65535, without quotes",
-                  "f:12:77: ports.b: takes an object in braces",
-                  "f:13:5: names: takes an object in braces"}));
+    EXPECT_EQ(
+        Lines(ReadConfiguration(content)),
+        (Words{"f:4:14: version: is not known; this program reads version 1",
+               "f:5:3: extra: is not known here; beside \"settings\" a file holds \"format\", "
+               "\"version\", \"unit\" and \"left_out\"",
+               "f:8:7: network.unit_nam: there is no such setting; the nearest is "
+               "network.unit_name",
+               "f:8:32: network.dhcp: takes true or false",
+               "f:8:63: network.ip_address: is not an address of four numbers from 0 to 255 "
+               "with points between",
+               "f:9:24: network.unit_location: holds a character that a unit does not know; "
+               "U+00FF is the highest",
+               "f:10:7: network.dhcp: stands here twice; keep one of them",
+               "f:12:39: ports.a.attack_limit: must not be 32; the unit could not be read with "
+               "this value, take another",
+               "f:12:59: ports.a.port: takes a number from 0 to 65535, without quotes",
+               "f:12:77: ports.b: takes an object in braces",
+               "f:13:5: names: takes an object in braces"}));
 }
 
 TEST(ConfigurationFile, NamesWhatIsMissingOrNoJson) {
@@ -64,8 +68,19 @@ TEST(ConfigurationFile, NamesWhatIsMissingOrNoJson) {
     ASSERT_EQ(broken.faults.size(), 1u);
     EXPECT_EQ(broken.faults[0].at.line, 2);
     EXPECT_EQ(ReadConfiguration("").faults.size(), 1u);
-    EXPECT_EQ(ReadConfiguration("\xFF\xFE").faults.size(), 1u);
+    // What stands there may be a secret, and is not repeated.
+    const auto secret =
+        ReadConfiguration(Head("{\"security\": {\"view\": {\"password\": \"pw\xE9"));
+    EXPECT_EQ(Lines(secret), Words{"f:1:103: this is not JSON: syntax error while parsing value - "
+                                   "invalid string: ill-formed UTF-8 byte"});
     EXPECT_FALSE(ReadConfiguration(std::string(100, '[')).faults.empty());
+}
+
+TEST(ConfigurationFile, KeysAreNestedAndAListHoldsNone) {
+    EXPECT_EQ(Lines(ReadConfiguration(Head(R"({"network.dhcp": true, "arp": [{"req_ff": 1}]})"))),
+              (Words{"f:1:65: network.dhcp: is written nested: an object in braces for each part "
+                     "before a dot",
+                     "f:1:87: arp: takes an object in braces"}));
 }
 
 TEST(ConfigurationFile, PassesReadOnlyKeysOverAndTakesTheRest) {
@@ -90,16 +105,20 @@ TEST(ConfigurationFile, RefusesWhatTogetherCouldNotBeReadBack) {
 
 // A value of this kind that a unit can hold.
 SettingValue Random(const Setting& setting, std::mt19937& random) {
-    const auto below = [&](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+    const auto below = [&](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit));
+    };
     switch (setting.kind) {
         case SettingKind::kSwitch:
             return below(2) == 1;
         case SettingKind::kNumber: {
-            const long value = below(static_cast<int>(setting.most / setting.step) + 1) * setting.step;
+            const long value =
+                below(static_cast<int>(setting.most / setting.step) + 1) * setting.step;
             return CheckValue(setting, value) ? 0L : value;
         }
         case SettingKind::kChoice:
-            return setting.choices[static_cast<std::size_t>(below(static_cast<int>(setting.choices.size())))];
+            return setting
+                .choices[static_cast<std::size_t>(below(static_cast<int>(setting.choices.size())))];
         case SettingKind::kQuad:
             return std::to_string(below(256)) + ".2.3." + std::to_string(below(256));
         case SettingKind::kHexKey:
@@ -130,7 +149,7 @@ TEST(ConfigurationFile, WhatIsWrittenComesBackTheSame) {
         }
         const auto text =
             ReadConfiguration(WriteConfiguration({"KMD", "1", "", "\xFF"}, values, {}));
-        EXPECT_EQ(Lines(text), std::vector<std::string>{});
+        EXPECT_EQ(Lines(text), Words{});
         EXPECT_EQ(text.values, values);
     }
 }
