@@ -3,6 +3,18 @@
 #include "configuration/screen_values.h"
 
 namespace kestrane {
+namespace {
+
+// An ARP byte that this tool never writes, such as 0x18, reads as what no file may hold.
+void LeaveOutWhatCannotStandTogether(Backup& backup) {
+    const auto fault = CheckTogether(backup.values);
+    if (!fault) return;
+    const Setting* const repeat = FindSetting("arp.repeat");
+    backup.values.erase(repeat);
+    backup.left_out[repeat] = "it " + *fault;
+}
+
+}  // namespace
 
 Backup ReadBackup(UnitSession& session, bool with_secrets) {
     Backup backup;
@@ -35,6 +47,7 @@ Backup ReadBackup(UnitSession& session, bool with_secrets) {
             }
         }
     }
+    LeaveOutWhatCannotStandTogether(backup);
     return backup;
 }
 
