@@ -34,6 +34,11 @@ void Fleet::Ended(int status) {
     BeginMore();
 }
 
+void Fleet::CutOff() {
+    --running_;
+    ++cut_off_;
+}
+
 bool Fleet::MayBegin() const {
     if (stopped_ || begun_ == count_) return false;
     if (plan_.most_failures && failures_ > *plan_.most_failures) return false;
@@ -50,6 +55,6 @@ void Fleet::BeginMore() {
     }
 }
 
-int Fleet::ExitStatus() const { return Left() > 0 ? int{kExitUnit} : worst_; }
+int Fleet::ExitStatus() const { return NotBegun() > 0 ? int{kExitUnit} : worst_; }
 
 }  // namespace kestrane

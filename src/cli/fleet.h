@@ -22,6 +22,8 @@ class Fleet {
     // Begins the first ones; the others follow as units end.
     void Start() { BeginMore(); }
     void Ended(int status);
+    // As Ended, of a unit that was cut off before anything came of it: it counts as not begun.
+    void CutOff();
     // Begins no further unit.
     void Stop() { stopped_ = true; }
 
@@ -29,9 +31,9 @@ class Fleet {
     std::size_t Running() const { return running_; }
     std::size_t Done() const { return ended_ - failures_; }
     std::size_t Failed() const { return failures_; }
-    // Units that have not begun: those from this number on.
+    // Units from this number on have not begun.
     std::size_t Begun() const { return begun_; }
-    std::size_t Left() const { return count_ - begun_; }
+    std::size_t NotBegun() const { return count_ - begun_ + cut_off_; }
 
     // The worst of the units, those never begun included.
     int ExitStatus() const;
@@ -47,6 +49,7 @@ class Fleet {
     std::size_t running_ = 0;
     std::size_t ended_ = 0;
     std::size_t failures_ = 0;
+    std::size_t cut_off_ = 0;
     bool stopped_ = false;
     int worst_ = 0;
 };

@@ -130,7 +130,7 @@ void FleetRun::Ended(std::size_t unit, int status) {
     }
     for (const std::string& text : run->complaints) job_.complain(name + ": " + text);
     Publish(unit, result, std::move(run->lines));
-    fleet_.Ended(status);
+    status == kCutOff ? fleet_.CutOff() : fleet_.Ended(status);
     ShowProgress();
     if (fleet_.Over()) Finish();
 }
@@ -176,7 +176,7 @@ void FleetRun::ShowProgress() {
     if (!job_.progress) return;
     job_.progress(std::to_string(fleet_.Done()) + " done, " + std::to_string(fleet_.Failed()) +
                   " failed, " + std::to_string(fleet_.Running()) + " running, " +
-                  std::to_string(fleet_.Left()) + " left");
+                  std::to_string(fleet_.NotBegun()) + " left");
 }
 
 void FleetRun::Finish() {
@@ -186,7 +186,7 @@ void FleetRun::Finish() {
     }
     if (!job_.call->PrintsJson()) {
         job_.print(std::to_string(fleet_.Done()) + " done, " + std::to_string(fleet_.Failed()) +
-                   " failed, " + std::to_string(fleet_.Left()) + " not begun");
+                   " failed, " + std::to_string(fleet_.NotBegun()) + " not begun");
     }
     on_over_();
 }

@@ -43,18 +43,19 @@ std::string WhatToDo(Exchange::End end) {
     }
 }
 
+// "block 0x0080 of the display board", "the unit ID".
+std::string WhatIn(const Exchange& exchange) {
+    if (exchange.command == kWriteLiveData) return "the live data";
+    if (exchange.command == kWriteUnitID) return "the unit ID";
+    const std::string board = IsRelay(exchange.board) ? "relay board" : "display board";
+    if (exchange.address >= 0) return "block " + Hex4(exchange.address) + " of the " + board;
+    return "command 0x" + HexByte(static_cast<std::uint8_t>(exchange.command)) + " to the " + board;
+}
+
 }  // namespace
 
 std::string InWords(const Exchange& exchange) {
-    const std::string board = IsRelay(exchange.board) ? "relay" : "display";
-    std::string what = "command 0x" + HexByte(static_cast<std::uint8_t>(exchange.command)) +
-                       " to the " + board + " board";
-    if (exchange.address >= 0) {
-        what = "block " + Hex4(exchange.address) + " of the " + board + " board";
-    }
-    if (exchange.command == kWriteLiveData) what = "the live data";
-    if (exchange.command == kWriteUnitID) what = "the unit ID";
-    return what + " was " + EndInWords(exchange.end);
+    return WhatIn(exchange) + " was " + EndInWords(exchange.end);
 }
 
 UnitSession::UnitSession(Tool& tool, std::optional<Milliseconds> timeout)
@@ -109,8 +110,7 @@ bool UnitSession::Connect() {
     const bool connected = WaitUntil([&] { return failed() || read.Usable(); }, limit);
     if (connected && !failed()) return true;
     if (!connected) {
-        return Fail("no connection to " + Address() + " within " +
-                    std::to_string(limit.count()) +
+        return Fail("no connection to " + Address() + " within " + std::to_string(limit.count()) +
                     " ms; check the address, or give a longer --timeout");
     }
     return Fail("no connection to " + Address() +
@@ -191,6 +191,11 @@ bool UnitSession::Operate(const std::string& operation, const std::function<void
 std::string UnitSession::WhyFailed(const OperationRecord& record) const {
     const Exchange* const failed = tool_.link.journal().FindExchange(record.stopped_at);
     if (silent_) return record.name + ": the unit does not answer; check it";
+    // Whoever holds the writes back says why.
+    if (failed && tool_.link.WritesHeld() && failed->end == Exchange::End::kNotSent) {
+        return record.name + ": stopped before " + WhatIn(*failed) +
+               "; the same call again does the rest";
+    }
     if (failed) return record.name + ": " + InWords(*failed) + "; " + WhatToDo(failed->end);
     if (record.end == OperationRecord::End::kOvertaken) {
         return record.name + ": the connection was lost; connect again, and check the line";
@@ -210,8 +215,8 @@ bool UnitSession::ReadChangeover(const TabRow& tab) {
     if (!SelectTab(tab)) return false;
     if (!Press(*form_.Find(tab.read_button), tab.read_operation)) return false;
     const auto& known = tool_.session.known;
-    const bool live = WaitUntil([&] { return known.changeover_live || !tool_.link.Connected(); },
-                                kRefreshLimit);
+    const bool live =
+        WaitUntil([&] { return known.changeover_live || !tool_.link.Connected(); }, kRefreshLimit);
     if (live && known.changeover_live) return true;
     return Fail(std::string(tab.name) + ": no live values came; check the unit");
 }
@@ -268,9 +273,8 @@ bool UnitSession::InMacroEditor(const std::function<void()>& work) {
     });
     if (!SelectTab(*FindTab("triggers"))) return false;
     tool_.screen.AddListener(opening);
-    const bool good = Operate("Download Macro", [&] {
-        tool_.hand.Click(form_.triggers.cmdEditMacro);
-    });
+    const bool good =
+        Operate("Download Macro", [&] { tool_.hand.Click(form_.triggers.cmdEditMacro); });
     tool_.screen.RemoveListener(opening);
     return good && downloaded;
 }

@@ -32,7 +32,14 @@ std::string Course(const std::string& statuses, const FleetPlan& plan, int& stat
         const std::size_t unit = running.front();
         running.erase(running.begin());
         if (statuses[unit] == 's') fleet.Stop();
-        fleet.Ended(statuses[unit] == 's' ? 0 : statuses[unit] - '0');
+        if (statuses[unit] == 'c') {
+            fleet.Stop();
+            fleet.CutOff();
+            EXPECT_EQ(fleet.Failed(), 0u);
+            EXPECT_EQ(fleet.NotBegun(), statuses.size() - unit);
+        } else {
+            fleet.Ended(statuses[unit] == 's' ? 0 : statuses[unit] - '0');
+        }
     }
     EXPECT_TRUE(fleet.Over());
     status = fleet.ExitStatus();
@@ -60,6 +67,7 @@ TEST(Fleet, BeginsWhatItsPlanAllows) {
              Case{"02000", {2, 0, 0}, "0/1 1/2 2/2 ", 1},
              Case{"01010", {1, 0, 1}, "0/1 1/1 2/1 3/1 ", 1},
              Case{"0s00", {1, 0, {}}, "0/1 1/1 ", 1},
+             Case{"0c00", {1, 0, {}}, "0/1 1/1 ", 1},
          }) {
         int status = -1;
         EXPECT_EQ(Course(c.statuses, c.plan, status), c.course) << c.statuses;
