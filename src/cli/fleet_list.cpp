@@ -42,12 +42,11 @@ class FleetListReader {
     void ReadHeader(const CsvRow& header) {
         for (std::size_t i = 0; i < header.cells.size(); ++i) {
             const std::string& name = header.cells[i];
-            columns_.push_back(name == "unit" ? nullptr : ReadColumn(header.line, name));
-            if (std::count(header.cells.begin(), header.cells.end(), name) > 1 &&
-                std::find(header.cells.begin(), header.cells.end(), name) ==
-                    header.cells.begin() + static_cast<std::ptrdiff_t>(i)) {
-                Fault(header.line, name + ": two columns have this name");
-            }
+            const Setting* const setting = name == "unit" ? nullptr : ReadColumn(header.line, name);
+            const bool unit_again = name == "unit" && unit_column_ != kNone;
+            const bool again = setting && std::count(columns_.begin(), columns_.end(), setting) > 0;
+            if (unit_again || again) Fault(header.line, name + ": two columns give it");
+            columns_.push_back(setting);
             if (name == "unit") unit_column_ = i;
         }
         if (unit_column_ == kNone) Fault(header.line, "unit: the header has no such column");
@@ -111,7 +110,7 @@ class FleetListReader {
             if (!error.empty()) {
                 Fault(row.line, setting->key + ": " + error);
             } else {
-                unit.values.emplace_back(setting, std::move(*value));
+                unit.values.emplace_back(setting, Normal(*setting, std::move(*value)));
             }
         }
     }

@@ -42,6 +42,7 @@ TEST(FleetList, TellsEveryFaultWithItsLine) {
              Case{"unit\n# none\n", {"f:1: there is no unit"}},
              Case{"name\n10.0.0.7\n", {"f:1: name: not a known key", "f:1: unit: the header"}},
              Case{"unit,unit\na,b\n", {"f:1: unit: two columns"}},
+             Case{"unit,network.dhcp,chkDHCP\na,,\n", {"f:1: chkDHCP: two columns"}},
              Case{"unit,network.unit_nam\n",
                   {"f:1: network.unit_nam: not a known key; the "
                    "nearest is network.unit_name"}},
