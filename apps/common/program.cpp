@@ -74,6 +74,7 @@ std::optional<int> ParseCommandLine(CLI::App& app, int argc, char** argv, CallOp
                                     const Complaints& complain) {
     std::string form;
     AddDescribeOption(app, form);
+    RefuseEmptyValues(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {

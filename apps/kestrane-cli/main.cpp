@@ -45,6 +45,7 @@ std::optional<int> Parse(int argc, char** argv, CommandLine& line) {
         CLI::App* sub = app.add_subcommand(call->name(), call->description());
         call->AddTo(*sub);
         if (call->TakesManyUnits()) line.fleet.AddTo(*sub);
+        RefuseEmptyValues(*sub);
         sub->final_callback([&line, chosen = call.get()] { line.chosen = chosen; });
     }
     if (const auto status = ParseCommandLine(app, argc, argv, line.options, complain)) {
@@ -136,7 +137,8 @@ int Run(CommandLine& line) {
     });
     tool.Start();
     line.options.Apply(tool);
-    const std::string problem = line.chosen->Check(tool);
+    std::string problem = line.chosen->WhyNotOneUnit();
+    if (problem.empty()) problem = line.chosen->Check(tool);
     if (!problem.empty()) {
         complain(prefix + problem);
         if (line.chosen->Writes() && line.chosen->PrintsJson()) {

@@ -20,6 +20,10 @@ class WritingCall : public Call {
     bool PrintsJson() const override { return json_; }
     bool TakesManyUnits() const override { return true; }
     std::string FolderForUnits() const override { return undo_file_; }
+    std::string WhyNotOneUnit() const override {
+        const bool folder = std::filesystem::is_directory(undo_file_);
+        return folder ? "--undo: " + undo_file_ + " is a folder; name a file for one unit" : "";
+    }
 
     // With the unit's own values; --undo names a folder then.
     void UseUnit(const FleetUnit& unit) {
@@ -67,6 +71,7 @@ class WritingCall : public Call {
     void PrintPlan(CallContext& context, const ApplyReport& plan) const {
         ReportStyle style = Style(context);
         style.comparison = true;
+        style.colours = style.colours && context.on_terminal;  // of standard error
         for (const std::string& line : ReportLines(plan, style)) {
             context.ErrorLine(line);
         }

@@ -12,7 +12,7 @@
 namespace kestrane {
 
 struct Assignment {
-    std::string name;  // as it was given
+    std::string name;                  // as it was given
     const Setting* setting = nullptr;  // null for a control of the screen alone
     SettingValue value;
 };

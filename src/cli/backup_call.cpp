@@ -19,6 +19,9 @@ class BackupCall : public Call {
         const bool good = path_.empty() && !folder_.empty();
         return good ? "" : "--units: give --into DIR, which gets a file for each unit";
     }
+    std::string WhyNotOneUnit() const override {
+        return folder_.empty() ? "" : "--into needs --units; name a file for one unit";
+    }
     void UseUnit(const FleetUnit& unit) {
         if (!folder_.empty()) path_ = folder_ + "/" + FileNameOf(unit);
     }
@@ -42,10 +45,6 @@ class BackupCall : public Call {
     }
 
     int Run(CallContext& context) override {
-        if (!folder_.empty() && path_.empty()) {
-            context.complain("--into needs --units; name a file for one unit");
-            return kExitUsage;
-        }
         UnitSession session(context.tool, context.options.timeout_limit());
         const InterruptHandler handler(context, [&session] { session.Interrupt(); });
         const Backup backup = ReadBackup(session, secrets_);

@@ -22,8 +22,8 @@ struct FleetUnit;
 
 enum ExitStatus : int {
     kExitDone = 0,
-    kExitUnit = 1,   // the unit could not be reached, did not answer or refused
-    kExitUsage = 2,  // wrong usage or a refused value; nothing has been written to the unit
+    kExitUnit = 1,         // the unit could not be reached, did not answer or refused
+    kExitUsage = 2,        // wrong usage or a refused value; nothing has been written to the unit
     kExitDifferences = 3,  // of a comparison; or an operator who was asked has said no
 };
 
@@ -88,6 +88,9 @@ class Call {
     virtual std::string Check(Tool& /*tool*/) { return {}; }
     // Does it and returns the exit status; the caller closes the socket.
     virtual int Run(CallContext& context) = 0;
+
+    // What is wrong with its arguments for one unit, though not for many; empty if nothing is.
+    virtual std::string WhyNotOneUnit() const { return {}; }
 
     // What follows is for runs over many units, each by a call of its own.
 

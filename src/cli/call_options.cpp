@@ -25,20 +25,23 @@ std::string SecondsText(int milliseconds) {
     return text;
 }
 
-// Wrong usage where an option is given without a value.
-std::string NotEmpty(const std::string& value) { return value.empty() ? "takes a value" : ""; }
-
 }  // namespace
+
+void RefuseEmptyValues(CLI::App& app) {
+    const auto check = [](const std::string& value) {
+        return value.empty() ? "takes a value" : "";
+    };
+    for (CLI::Option* option : app.get_options()) {
+        if (option->get_items_expected_max() > 0) option->check(check, "");
+    }
+}
 
 void CallOptions::AddTo(CLI::App& app) {
     app.add_option("--unit", unit_text_,
-                   "HOST[:PORT] of the unit (the tool's default address and port)")
-        ->check(NotEmpty, "");
-    app.add_option("--timeout", timeout_text_, "Seconds to wait for a reply, and for a connection")
-        ->check(NotEmpty, "");
+                   "HOST[:PORT] of the unit (the tool's default address and port)");
+    app.add_option("--timeout", timeout_text_, "Seconds to wait for a reply, and for a connection");
     app.add_option("--versions-url", versions_url_,
-                   "Root of the versions server: the page is URL/kestraneversions/")
-        ->check(NotEmpty, "");
+                   "Root of the versions server: the page is URL/kestraneversions/");
     app.add_flag("--demo", demo_, "Start a demo unit on free loopback ports and use that");
 }
 
@@ -76,8 +79,8 @@ void CallOptions::UseDemo(int port, int versions_port) {
 
 std::string CallOptions::Address(const Tool& tool) const {
     const std::string host = unit_ ? unit_->host : tool.main_form.txtCurrentIPAddress.Text();
-    const std::string port = unit_ && unit_->port ? std::to_string(*unit_->port)
-                                                  : tool.main_form.txtCurrentPort.Text();
+    const std::string port =
+        unit_ && unit_->port ? std::to_string(*unit_->port) : tool.main_form.txtCurrentPort.Text();
     return (host.find(':') == std::string::npos ? host : "[" + host + "]") + ":" + port;
 }
 

@@ -15,6 +15,10 @@ class App;
 
 namespace kestrane {
 
+// Makes it wrong usage to give an option or an argument of this call an empty value, as a script
+// does whose variable is not set.
+void RefuseEmptyValues(CLI::App& app);
+
 class CallOptions {
   public:
     // Adds the options to a program's command line.

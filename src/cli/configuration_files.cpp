@@ -9,9 +9,8 @@ namespace kestrane {
 namespace {
 
 bool FitsAKey(const std::string& prefix) {
-    return std::any_of(Settings().begin(), Settings().end(), [&](const Setting& setting) {
-        return KeyMatches(setting.key, prefix);
-    });
+    return std::any_of(Settings().begin(), Settings().end(),
+                       [&](const Setting& setting) { return KeyMatches(setting.key, prefix); });
 }
 
 }  // namespace
@@ -44,7 +43,8 @@ std::string FilterOptions::Check() const {
         for (const std::string& prefix : *prefixes) {
             if (!prefix.empty() && FitsAKey(prefix)) continue;
             return (prefixes == &filter_.only ? "--only: " : "--except: ") +
-                   ("\"" + ShownText(prefix) + "\"") + " fits no setting; see kestrane-cli settings";
+                   ("\"" + ShownText(prefix) + "\"") +
+                   " fits no setting; see kestrane-cli settings";
         }
     }
     return {};

@@ -118,9 +118,11 @@ class ReadCall : public Call {
             if (names_.empty() && session.Missing(*tab)) continue;
             good = tab == &network || session.Read(*tab);
             if (good) results.push_back(ResultOf(context.tool, session, *tab));
-            if (tab->kind == TabKind::kFirmware && good && context.tool.firmware.NetGrab1.LastFailed()) {
-                context.complain("the latest versions could not be fetched; check the address "
-                                 "given by --versions-url");
+            if (tab->kind == TabKind::kFirmware && good &&
+                context.tool.firmware.NetGrab1.LastFailed()) {
+                context.complain(
+                    "the latest versions could not be fetched; check the address "
+                    "given by --versions-url");
             }
         }
         if (context.report) Report(context, results, good ? "" : session.Failure());

@@ -58,8 +58,8 @@ std::string LabelInWords(const Control& control) {
     if (name == "lblPrivByte") {
         const bool as_read = control.index() >= 1000;
         const int place = control.index() % 1000;
-        return std::string(place < 200 ? "relay, " : "display, ") +
-               "abc"[place / 10 % 10 - 1] + (as_read ? ", byte as read" : ", byte of the boxes");
+        return std::string(place < 200 ? "relay, " : "display, ") + "abc"[place / 10 % 10 - 1] +
+               (as_read ? ", byte as read" : ", byte of the boxes");
     }
     return {};
 }

@@ -53,9 +53,10 @@ TEST_F(CallTest, Read_TellsAtWhichBlockTheUnitFellSilentOrTheLineWasCut) {
     peer.line().PassNext(3);
     peer.line().DropNext(100);
     EXPECT_EQ(Read({"network"}), kExitUnit);
-    EXPECT_EQ(Complaint(),
-              "Read Network Settings: block 0x0020 of the display board was not answered; check the "
-              "unit, or give a longer --timeout");
+    EXPECT_EQ(
+        Complaint(),
+        "Read Network Settings: block 0x0020 of the display board was not answered; check the "
+        "unit, or give a longer --timeout");
 }
 
 TEST_F(CallTest, Read_ReturnsFromAWaitThatTheLostLineLeavesOpen) {

@@ -25,6 +25,7 @@ class CallTest : public testing::Test, protected ScriptedTool {
         CallOptions call_options;
         call_options.AddTo(app);
         call->AddTo(app);
+        RefuseEmptyValues(app);
         words.insert(words.end(), options.begin(), options.end());
         std::reverse(words.begin(), words.end());  // as CLI11 takes them
         try {
@@ -34,7 +35,8 @@ class CallTest : public testing::Test, protected ScriptedTool {
         }
         EXPECT_EQ(call_options.Check(), "");
         call_options.Apply(tool);
-        if (const std::string problem = call->Check(tool); !problem.empty()) {
+        for (const std::string& problem : {call->WhyNotOneUnit(), call->Check(tool)}) {
+            if (problem.empty()) continue;
             complaints.push_back(problem);
             return kExitUsage;
         }

@@ -103,6 +103,11 @@ TEST_F(ConfigurationCallTest, FaultsEndItBeforeAUnitIsAsked) {
     EXPECT_EQ(Json::parse(printed.back())["result"], "refused");
     EXPECT_EQ(Diff({file, "--only", "nam"}), kExitUsage);
     EXPECT_EQ(Apply({}), kExitUsage);
+    const std::string good = File("b", "{}");
+    EXPECT_EQ(Apply({good, "--undo", "/"}), kExitUsage);
+    EXPECT_EQ(Complaint(), "--undo: / is a folder; name a file for one unit");
+    EXPECT_EQ(Apply({good, "--undo", ""}), -1);
+    EXPECT_EQ(Run(MakeBackupCall(), {"--into", "d"}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
 }
 
