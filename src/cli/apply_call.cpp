@@ -155,7 +155,7 @@ class ApplyCall : public WritingCall {
 
     int Run(CallContext& context) override {
         for (const std::string& line : files_.faults) context.ErrorLine(line);
-        for (const std::string& line : files_.notes) context.ErrorLine(line);
+        for (const std::string& line : files_.short_notes) context.ErrorLine(line);
         ApplyReport report;
         if (files_.faults.empty()) {
             ApplyRequest request;

@@ -23,8 +23,20 @@ void ConfigurationFiles::Add(FileStore& disk, const std::string& path) {
     }
     const ConfigurationText text = ReadConfiguration(content.bytes);
     for (const FileFault& fault : text.faults) faults.push_back(fault.Line(path));
-    for (const FileFault& note : text.notes) notes.push_back(note.Line(path));
+    AddNotes(path, text.notes);
     for (const auto& [setting, value] : text.values) values[setting] = value;
+}
+
+void ConfigurationFiles::AddNotes(const std::string& path, const std::vector<FileFault>& found) {
+    constexpr std::size_t kFew = 3;
+    const bool many = found.size() > kFew;
+    for (const FileFault& note : found) {
+        notes.push_back(note.Line(path));
+        if (!many) short_notes.push_back(notes.back());
+    }
+    if (!many) return;
+    short_notes.push_back(path + ": " + std::to_string(found.size()) +
+                          " settings can only be read; they are passed over");
 }
 
 void FilterOptions::AddTo(CLI::App& app) {

@@ -53,7 +53,7 @@ class DiffCall : public Call {
     int Run(CallContext& context) override {
         for (const std::string& line : FileFaults()) context.ErrorLine(line);
         for (const ConfigurationFiles& file : files_) {
-            for (const std::string& line : file.notes) context.ErrorLine(line);
+            for (const std::string& line : file.short_notes) context.ErrorLine(line);
         }
         if (!FileFaults().empty()) {
             context.Publish(
