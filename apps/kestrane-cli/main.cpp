@@ -1,5 +1,6 @@
 // kestrane-cli: the configuration tool without a display.
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -8,6 +9,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "cli/assignments.h"
 #include "cli/report_lines.h"
 #include "common/program.h"
 #include "host/descriptors.h"
@@ -105,6 +107,14 @@ void ReadLines(std::unique_ptr<InputLines>& input, std::function<void(std::strin
         STDIN_FILENO, [on_line](const InputLine& text) { on_line(text.text); }, on_end);
 }
 
+// A crash leaves no image of the memory, which may hold secrets.
+void KeepMemoryOffTheDisk() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_CORE, &limit) != 0) return;
+    limit.rlim_cur = 0;
+    setrlimit(RLIMIT_CORE, &limit);
+}
+
 int Run(CommandLine& line) {
     if (const auto status = CheckMany(line)) return *status;
     if (line.fleet.given()) return RunManyUnits(*line.chosen, line.options, line.fleet, complain);
@@ -158,7 +168,9 @@ int main(int argc, char** argv) {
     OpenStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     CommandLine line;
+    KeepMemoryOffTheDisk();
     if (const auto status = Parse(argc, argv, line)) return *status;
+    HideSecrets(argc, argv);
     QCoreApplication application(argc, argv);
     return Run(line);
 }

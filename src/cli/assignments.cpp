@@ -8,6 +8,8 @@
 namespace kestrane {
 namespace {
 
+constexpr std::string_view kForm = "frmMainForm.";
+
 using Parsed = std::optional<SettingValue>;
 
 std::optional<int> AsIndex(const std::string& text, std::size_t count) {
@@ -58,6 +60,13 @@ void BarToBox(std::string& control, std::string& value) {
     value = std::to_string(static_cast<int>(kHighest) - *position);
 }
 
+// By its key, or by its control.
+const Setting* SettingNamed(std::string_view name) {
+    if (const Setting* setting = FindSetting(name)) return setting;
+    if (name.starts_with(kForm)) name.remove_prefix(kForm.size());
+    return SettingOfControl(name);
+}
+
 std::string Unknown(const std::string& name) {
     return name + ": there is no such setting; the nearest is " + NearestKey(name);
 }
@@ -74,7 +83,6 @@ std::optional<Assignment> ParseAssignment(const std::string& text, std::string& 
     made.name = text.substr(0, equals);
     std::string given = text.substr(equals + 1);
     std::string control = made.name;
-    constexpr std::string_view kForm = "frmMainForm.";
     if (control.starts_with(kForm)) control.erase(0, kForm.size());
 
     // It is no setting: the box that it opens is opened on the way.
@@ -104,6 +112,19 @@ std::optional<Assignment> ParseAssignment(const std::string& text, std::string& 
     }
     made.value = Normal(*made.setting, *std::move(value));
     return made;
+}
+
+void HideSecrets(int count, char** words) {
+    constexpr std::string_view kOption = "--set=";
+    for (int i = 1; i < count; ++i) {
+        const std::string_view word = words[i];
+        const std::size_t begin = word.starts_with(kOption) ? kOption.size() : 0;
+        const std::size_t equals = word.find('=', begin);
+        if (equals == std::string_view::npos) continue;
+        const Setting* const setting = SettingNamed(word.substr(begin, equals - begin));
+        if (setting && setting->secret)
+            std::fill(words[i] + equals + 1, words[i] + word.size(), 'x');
+    }
 }
 
 SettingValues ValuesOf(const std::vector<Assignment>& assignments) {

@@ -20,6 +20,10 @@ struct Assignment {
 // Nothing, with the reason in `error`, for what no unit could take.
 std::optional<Assignment> ParseAssignment(const std::string& text, std::string& error);
 
+// Overwrites the values of secret settings where words of a command line assign them, so that a
+// list of processes does not show them.
+void HideSecrets(int count, char** words);
+
 // The values of several; of two for one setting the later counts.
 SettingValues ValuesOf(const std::vector<Assignment>& assignments);
 
