@@ -84,7 +84,11 @@ void Typing::Compare(const TabRow& tab) {
     }
     for (const auto& [setting, wanted] : wanted_) {
         if (!tab.Holds(*setting)) continue;
-        const ShownValue shown = ValueOnScreen(tool_, *setting, session_.Program());
+        ShownValue shown = ValueOnScreen(tool_, *setting, session_.Program());
+        // Of a password an empty one alone is known.
+        const bool open = setting->write_only &&
+                          StateOfWebLevel(tool_, LevelOf(tool_, *setting)) == WebLevel::kOpen;
+        if (open) shown.value = std::string();
         if (Holds(*setting, shown, wanted.value)) continue;
         std::string why = wanted.left_alone;
         if (shown.why_not == kNotOnThisUnit) why = kNotOnThisUnit;

@@ -58,8 +58,12 @@ SettingValue RandomValue(const Setting& setting, Dice& dice) {
             const auto byte = [&] { return HexByte(static_cast<std::uint8_t>(dice.Below(256))); };
             return byte() + " " + (setting.key == "macro.7F" ? "00" : byte());
         }
-        case SettingKind::kHexKey:
-            return std::string(32, 'F');
+        case SettingKind::kHexKey: {
+            if (dice.Below(2) == 0) return std::string(32, 'F');
+            std::string digits;
+            for (int i = 0; i < 32; ++i) digits += dice.Of("123456789ABCDEF");
+            return digits;
+        }
         case SettingKind::kHexByte:
             if (setting.key == "unit.id") return HexByte(static_cast<std::uint8_t>(number(0, 97)));
             return HexByte(static_cast<std::uint8_t>(number(0x10, 0x7E)));
@@ -75,30 +79,55 @@ SettingValue RandomValue(const Setting& setting, Dice& dice) {
     return setting.step * long{number(0, static_cast<int>(setting.most / setting.step))};
 }
 
-// Rights of the port that the connection is on stay as they are, as all is written over it.
-SettingValues RandomFile(Dice& dice) {
-    SettingValues values;
-    for (const Setting& setting : Settings()) {
-        const bool own_right = setting.key.find(".a.") != std::string::npos &&
-                               setting.key.starts_with("privileges.");
-        if (setting.read_only || setting.key.starts_with("security.") || own_right) continue;
-        if (dice.Below(3) > 0) values[&setting] = RandomValue(setting, dice);
-    }
-    const auto set = [&](const std::string& key, SettingValue value) {
-        values[FindSetting(key)] = std::move(value);
-    };
-    // Together they must be something that an operator can reach.
-    set("arp.req_ff", true);
-    for (int i = 1; i <= 8; ++i) {
-        const std::string key = "triggers." + std::to_string(i) + ".address";
-        set(key, RandomValue(*FindSetting(key), dice));
-    }
+// Who may write the other ports' rights may read them; without a word about either the unit's own
+// would decide.
+void MakeRightsPossible(SettingValues& values) {
     for (const char* board : {"relay", "display"}) {
-        for (const char* port : {"b", "c"}) {
-            const std::string prefix = std::string("privileges.") + board + "." + port + ".";
-            set(prefix + "read_other_privileges", true);
+        for (const char port : {'a', 'b', 'c'}) {
+            const auto right = [&](const char* name) {
+                return FindSetting(std::string("privileges.") + board + "." + port + "." + name);
+            };
+            const auto write = values.find(right("write_other_privileges"));
+            if (write == values.end() || write->second == SettingValue(true)) {
+                values[right("read_other_privileges")] = true;
+            }
         }
     }
+}
+
+// All three levels or none, each closed, open or with a password.
+void SetWebLevels(SettingValues& values, bool any, Dice& dice) {
+    for (const char* level : {"view", "control", "admin"}) {
+        const std::string prefix = std::string("security.") + level;
+        const Setting* const password = FindSetting(prefix + ".password");
+        const Setting* const disabled = FindSetting(prefix + ".disabled");
+        values.erase(password);
+        values.erase(disabled);
+        if (!any) continue;
+        const bool closed = dice.Below(3) == 0;
+        if (!closed) values[password] = RandomText(*password, dice);
+        if (closed || dice.Below(2) == 0) values[disabled] = closed;
+    }
+}
+
+// `whole`: with every web level, and the rights of the port that the connection is on, which may
+// write little afterwards.
+SettingValues RandomFile(Dice& dice, bool whole) {
+    SettingValues values;
+    for (const Setting& setting : Settings()) {
+        const bool own_right =
+            setting.key.find(".a.") != std::string::npos && setting.key.starts_with("privileges.");
+        if (setting.read_only || (own_right && !whole)) continue;
+        if (dice.Below(3) > 0) values[&setting] = RandomValue(setting, dice);
+    }
+    // Together they must be something that an operator can reach.
+    values[FindSetting("arp.req_ff")] = true;
+    for (int i = 1; i <= 8; ++i) {
+        const Setting& address = *FindSetting("triggers." + std::to_string(i) + ".address");
+        values[&address] = RandomValue(address, dice);
+    }
+    SetWebLevels(values, whole || dice.Below(3) > 0, dice);
+    MakeRightsPossible(values);
     return values;
 }
 
@@ -135,16 +164,21 @@ TEST(RandomPairs, ABackupComesBackTheSameFromAnotherUnitAndIsWrittenOnce) {
         SCOPED_TRACE("pair " + std::to_string(pair));
         Dice dice(static_cast<unsigned>(pair));
         OneUnit first;
-        const ApplyReport made = first.ApplyAll(RandomFile(dice));
-        ASSERT_EQ(made.error, "");
+        const SettingValues file = RandomFile(dice, true);
+        ASSERT_EQ(first.ApplyAll(file).error, "");
         const Backup backup = first.ReadAll();
         const ConfigurationText text =
             ReadConfiguration(WriteConfiguration(backup.unit, backup.values, backup.left_out));
         ASSERT_TRUE(text.faults.empty()) << text.faults.front().Line("f");
 
+        // The passwords that a unit does not give back are added by whoever knows them.
+        SettingValues wanted = text.values;
+        for (const auto& [setting, value] : file) {
+            if (setting->write_only) wanted[setting] = value;
+        }
         OneUnit second;
-        ASSERT_EQ(second.ApplyAll(RandomFile(dice)).error, "");
-        ASSERT_EQ(second.ApplyAll(text.values).error, "");
+        ASSERT_EQ(second.ApplyAll(RandomFile(dice, false)).error, "");
+        ASSERT_EQ(second.ApplyAll(wanted).error, "");
         const Backup brought = second.ReadAll();
         const ApplyReport differences =
             CompareValues(backup.values, brought.values, {{}, {}, true, true});
@@ -152,7 +186,10 @@ TEST(RandomPairs, ABackupComesBackTheSameFromAnotherUnitAndIsWrittenOnce) {
             EXPECT_TRUE(change.setting->read_only) << change.setting->key;
         }
         const int writes = second.Writes();
-        EXPECT_EQ(second.ApplyAll(text.values).result, ApplyReport::Result::kSame);
+        for (const auto& row : backup.values) {
+            EXPECT_EQ(brought.values.count(row.first), 1u) << row.first->key;
+        }
+        EXPECT_EQ(second.ApplyAll(wanted).result, ApplyReport::Result::kSame);
         EXPECT_EQ(second.Writes(), writes);
     }
 }
