@@ -1,4 +1,4 @@
-// README, guide and reference show what the programs print. Every line "$ ..." of a block marked
+// README, guide and reference show what the programs print, and so do the pages beside this test. Every line "$ ..." of a block marked
 // `console` is run here, in the order of the page and in a folder of its own, and must print what
 // the page says; so must the command of a pair `<!-- made by: COMMAND -->`, `<!-- end -->`. With
 // KESTRANE_UPDATE_DOCUMENTS set, the pages are written anew instead.
@@ -213,7 +213,7 @@ class PageRun {
 
 std::vector<std::string> Pages() {
     std::vector<std::string> pages = {"README.md"};
-    for (const char* folder : {"docs/guide", "docs/reference"}) {
+    for (const char* folder : {"docs/guide", "docs/reference", "tests/documents"}) {
         for (const auto& entry : fs::directory_iterator(kSources / folder)) {
             if (entry.path().extension() != ".md") continue;
             pages.push_back(fs::path(folder) / entry.path().filename());
