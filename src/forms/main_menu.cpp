@@ -42,15 +42,23 @@ class Filler {
         return action;
     }
 
-    // Enabled as the control is, at the moment when the menu opens.
+    // Enabled as the control is, at the moment when the menu opens. One on a tab brings it up.
     void AddClick(QMenu* menu, const QString& text, Button& button, const QKeySequence& keys) {
         QAction* action = menu->addAction(text);
         action->setShortcut(keys);
         bar_.window()->addAction(action);
+        const TabRow* const tab = TabOf(button);
         QObject::connect(action, &QAction::triggered, &bar_,
-                         [mirror = &mirror_, &button] { mirror->Click(button); });
-        QObject::connect(menu, &QMenu::aboutToShow, action,
-                         [action, &button] { action->setEnabled(button.Usable()); });
+                         [mirror = &mirror_, tabs = &form().SSTab1, tab, &button] {
+                             const bool elsewhere = tab && tabs->Tab() != tab->page;
+                             if (elsewhere && button.Enabled()) {
+                                 mirror->Post([=] { mirror->hand().Choose(*tabs, tab->page); });
+                             }
+                             mirror->Click(button);
+                         });
+        QObject::connect(menu, &QMenu::aboutToShow, action, [action, tab, &button] {
+            action->setEnabled(tab ? button.Enabled() : button.Usable());
+        });
         QObject::connect(menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
     }
 

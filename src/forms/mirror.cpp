@@ -137,11 +137,20 @@ void Mirror::SyncLabels() {
     }
 }
 
-// While the operator is on the way to a control the model's focus waits.
+// What the window has beside its controls, such as a filter, and has the keyboard.
+bool Mirror::FocusElsewhere() const {
+    if (binders_.empty()) return false;
+    const QWidget* const focused = binders_.begin()->second->widget().window()->focusWidget();
+    return focused && focused->isEnabled() && !form_.Find(focused->objectName().toStdString());
+}
+
+// While the operator is on the way to a control the model's focus waits, and while it stays where
+// it was it takes the keyboard from nothing that is no control.
 void Mirror::SyncFocus() {
     if (pending_focus_) return;
     focus_dirty_ = false;
     Control* const wanted = form_.Focused();
+    if (std::exchange(shown_focus_, wanted) == wanted && FocusElsewhere()) return;
     QWidget* const widget = wanted ? WidgetOf(*wanted) : nullptr;
     if (widget) {
         if (!HasFocus(*widget)) widget->setFocus(Qt::OtherFocusReason);

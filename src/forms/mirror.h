@@ -136,6 +136,7 @@ class Mirror {
     void Adopt(QWidget& widget, Binder& binder);
     void ScheduleRefresh();
     void GoTo(Control& control);
+    bool FocusElsewhere() const;
     void SyncFocus();
     void SyncLabels();
 
@@ -145,6 +146,7 @@ class Mirror {
     WhyDisabledFunction why_disabled_;
     TipFunction tip_;
     QPointer<QWidget> resting_place_;
+    const Control* shown_focus_ = nullptr;
     std::function<void()> form_changed_;
     std::function<void(Control&, const std::function<void()>&)> around_click_;
     std::unordered_map<const TextBox*, const Label*> labels_;

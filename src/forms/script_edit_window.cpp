@@ -29,11 +29,6 @@ simulation::UnitType TypeOf(const std::string& unit_type) {
     return unit_type == "636" ? simulation::UnitType::k636 : simulation::UnitType::kSingle;
 }
 
-const char* LampName(int picture) {
-    constexpr const char* kNames[] = {"grey", "red", "green", "orange"};
-    return picture >= 0 && picture < 4 ? kNames[picture] : "unknown";
-}
-
 }  // namespace
 
 ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Hand& hand,
@@ -47,7 +42,13 @@ ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Ha
     outer->setContentsMargins(kBetweenFrames, kGap, kBetweenFrames, kGap);
     outer->setSpacing(kGap);
     auto* fading = new Fading(*this, answers);
-    outer->addWidget(BuildUnitPicture(mirror_, form_, insert_heading_, *fading));
+    line_ = new SourceBox([this](const QString& line) {
+        mirror_.Post([this, line] {
+            if (PutAtCursor(line, "Not inserted.")) line_->Taken();
+            ShowEdits();
+        });
+    });
+    outer->addWidget(BuildUnitPicture(mirror_, form_, {insert_heading_, line_}, *fading));
     outer->addLayout(StatusLine());
     auto* middle = Row();
     middle->setSpacing(kBetweenFrames);
@@ -61,6 +62,7 @@ ScriptEditWindow::ScriptEditWindow(ScriptEditForm& form, MacroEditor& editor, Ha
     outer->addLayout(middle, 1);
     outer->addLayout(Actions());
     ChainFocus(mirror_.TakeMade());
+    setTabOrder(mirror_.WidgetOf(form_.chkWait), line_);
     mirror_.SetRestingPlace(scroll_);
     scroll_->setFocus(Qt::OtherFocusReason);
     mirror_.OnTip([this](const Control& control) { return TipOf(control); });
@@ -248,6 +250,12 @@ void ScriptEditWindow::MakeActions() {
     AddAction("Copy lines as text", QKeySequence(Qt::CTRL | Qt::Key_C), &ScriptEditWindow::Copy);
     AddAction("Paste lines at the cursor", QKeySequence(Qt::CTRL | Qt::Key_V),
               &ScriptEditWindow::Paste);
+    AddAction("Type lines at the cursor", QKeySequence(Qt::CTRL | Qt::Key_L),
+              &ScriptEditWindow::TypeLines);
+    menu_->addSeparator();
+    AddAction("Upload", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_U), &ScriptEditWindow::Upload);
+    AddAction("Load file", QKeySequence(Qt::CTRL | Qt::Key_O), &ScriptEditWindow::LoadFile);
+    AddAction("Save file", QKeySequence(Qt::CTRL | Qt::Key_S), &ScriptEditWindow::SaveFile);
     menu_->addSeparator();
     AddAction("Simulate", QKeySequence(Qt::Key_F6), &ScriptEditWindow::Simulate);
 }
@@ -263,12 +271,18 @@ void ScriptEditWindow::Copy() {
     QGuiApplication::clipboard()->setText(QString::fromStdString(lines));
 }
 
-void ScriptEditWindow::Paste() {
-    const std::string text = QGuiApplication::clipboard()->text().toStdString();
-    const auto fault = editor_.edits().Paste(text);
-    if (!fault) return;
-    form_.screen().platform().boxes.Show("Not pasted.", NearestByteText(*fault), {BoxButton::kOk});
+bool ScriptEditWindow::PutAtCursor(const QString& source, const char* failure) {
+    const auto fault = editor_.edits().Paste(source.toStdString());
+    if (!fault) return true;
+    form_.screen().platform().boxes.Show(failure, NearestByteText(*fault), {BoxButton::kOk});
+    return false;
 }
+
+void ScriptEditWindow::Paste() { PutAtCursor(QGuiApplication::clipboard()->text(), "Not pasted."); }
+void ScriptEditWindow::TypeLines() { line_->setFocus(Qt::ShortcutFocusReason); }
+void ScriptEditWindow::Upload() { mirror_.hand().Click(form_.cmdUpload); }
+void ScriptEditWindow::LoadFile() { mirror_.hand().Click(form_.cmdLoadFile); }
+void ScriptEditWindow::SaveFile() { mirror_.hand().Click(form_.cmdSaveFile); }
 
 void ScriptEditWindow::Simulate() {
     if (!simulation_) {
@@ -297,6 +311,7 @@ void ScriptEditWindow::ShowEdits() {
     if (checked_ != edits.history().Now()) FindFindings();
     insert_heading_->setText(
         QStringLiteral("Insert at %1:").arg(ToQt(HexByte(editor_.state().MemPointer))));
+    line_->setEnabled(form_.cmdInsertCommand(0).Usable());
     for (int row = 0; row < ScriptEditForm::kRows; ++row) ShowRow(row);
     const auto& state = editor_.state();
     QStringList said{QString::fromStdString(state.file_name),
@@ -346,49 +361,6 @@ void ScriptEditWindow::ShowRow(int row) {
     }
     marks.names = QString::fromStdString(editor_.edits().NamesAt(address));
     view->SetMarks(marks);
-}
-
-std::string ScriptEditWindow::TipOf(const Control& control) const {
-    const std::string& name = control.name();
-    if (name.starts_with("lblCommand(") || name.starts_with("lblMem") ||
-        name.starts_with("shpOutline(")) {
-        return TipOfLine(control.index());
-    }
-    if (name.starts_with("pbLED(")) return TipOfLight(control.index());
-    if (&control == &form_.cmdGoTo || &control == &form_.txtGoTo) {
-        return "The unit runs its macro from this address, at once";
-    }
-    if (name.starts_with("cmdOn(") || name.starts_with("cmdOff(")) {
-        return "Puts an instruction at address " + HexByte(editor_.state().MemPointer) +
-               "; no outlet is switched";
-    }
-    return {};
-}
-
-std::string ScriptEditWindow::TipOfLine(int row) const {
-    const auto address = static_cast<std::uint8_t>(editor_.state().ListTop + row);
-    std::string tip;
-    const auto add = [&tip](const std::string& line) { tip += (tip.empty() ? "" : "\n") + line; };
-    if (rows_[static_cast<std::size_t>(row)]->TextIsCut()) add(form_.lblCommand(row).Caption());
-    if (const std::string names = editor_.edits().NamesAt(address); !names.empty()) add(names);
-    if (const auto found = findings_.find(address); found != findings_.end()) {
-        for (const Finding& finding : found->second) add(finding.text);
-    }
-    if (editor_.unit_program().Differs(editor_.state().image, address)) {
-        add("Differs from what the unit holds");
-    }
-    return tip;
-}
-
-// The lamps' meaning is the unit's; the record says for certain only what is switched on.
-std::string ScriptEditWindow::TipOfLight(int position) const {
-    const bool outlet = position < ScriptEditForm::kOutlets;
-    std::string tip = outlet ? "Outlet " + std::to_string(position + 1)
-                             : "Inlet " + form_.lblFuseNo(position).Caption();
-    const auto& status = editor_.status();
-    if (!status) return tip + ": not known yet";
-    if (outlet) tip += status->OutletOn(position) ? ": on," : ": off,";
-    return tip + (outlet ? " light " : ": light ") + LampName(form_.pbLED(position).Picture());
 }
 
 }  // namespace kestrane

@@ -13,15 +13,20 @@
 #include "forms/form_window.h"
 #include "forms/listing_row.h"
 #include "forms/simulation_pane.h"
+#include "forms/source_box.h"
 #include "macro/macro_editor.h"
 #include "screen/script_edit_form.h"
 
 namespace kestrane {
 
-// The outlets with light, fuse and names, then the inlets. `insert_heading` stands over the ON and
-// OFF buttons, which insert an instruction and switch nothing.
-// The lights fade.
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading,
+// Over the ON and OFF buttons, which insert an instruction and switch nothing.
+struct InsertHeading {
+    QLabel* text;
+    QLineEdit* line;
+};
+
+// The outlets with light, fuse and names, then the inlets. The lights fade.
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, InsertHeading heading,
                           Fading& fading);
 // A button for each instruction but the masks, in rows by what they are about.
 QWidget* BuildInstructionButtons(Mirror& mirror, ScriptEditForm& form);
@@ -54,6 +59,12 @@ class ScriptEditWindow : public FormWindow {
     void Redo();
     void Copy();
     void Paste();
+    void TypeLines();
+    void Upload();
+    void LoadFile();
+    void SaveFile();
+    // False, and told in a box, if the source does not assemble.
+    bool PutAtCursor(const QString& source, const char* failure);
     void Simulate();
 
     // What the editor knows beside the controls: marks, names, the last action.
@@ -72,6 +83,7 @@ class ScriptEditWindow : public FormWindow {
     QAction* undo_ = nullptr;
     QAction* redo_ = nullptr;
     QLabel* insert_heading_ = nullptr;
+    SourceBox* line_ = nullptr;
     QLabel* said_ = nullptr;
     std::array<ListingRow*, ScriptEditForm::kRows> rows_{};
     SimulationPane* simulation_ = nullptr;

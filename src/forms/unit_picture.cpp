@@ -47,7 +47,7 @@ void AddBar(Mirror& mirror, QGridLayout* grid, Image& image, int first, int last
 
 }  // namespace
 
-QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_heading,
+QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, InsertHeading heading,
                           Fading& fading) {
     auto* picture = new QFrame;
     picture->setFrameShape(QFrame::StyledPanel);
@@ -78,12 +78,13 @@ QWidget* BuildUnitPicture(Mirror& mirror, ScriptEditForm& form, QLabel* insert_h
     AddBar(mirror, grid, form.imgFuse7Block(1), kOutletsInBlock, ScriptEditForm::kOutlets - 1);
     AddBar(mirror, grid, form.imgFuse2Block, ScriptEditForm::kFirstInlet,
            ScriptEditForm::kSecondInlet);
-    auto* heading = Row();
-    heading->addWidget(insert_heading);
-    heading->addSpacing(kGap);
-    heading->addWidget(mirror.Make(form.chkWait));
-    heading->addStretch(1);
-    grid->addLayout(heading, kHeading, 0, 1, ScriptEditForm::kOutlets);
+    auto* head = Row();
+    head->addWidget(heading.text);
+    head->addSpacing(kGap);
+    head->addWidget(mirror.Make(form.chkWait));
+    head->addSpacing(kGap);
+    head->addWidget(heading.line, 1);
+    grid->addLayout(head, kHeading, 0, 1, ScriptEditForm::kOutlets);
     for (int i = 0; i < ScriptEditForm::kOutlets; ++i) grid->setColumnStretch(i, 1);
     grid->setColumnMinimumWidth(ScriptEditForm::kFirstInlet, kGap);
     for (const int inlet : {ScriptEditForm::kFirstInlet, ScriptEditForm::kSecondInlet}) {

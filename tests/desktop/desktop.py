@@ -36,7 +36,8 @@ class Desktop:
         self.unit = subprocess.Popen(
             [self.binaries / "kestrane-unit", "--port", "0", *options], stdout=subprocess.PIPE,
             text=True)
-        return json.loads(self.unit.stdout.readline())["ports"][0]
+        self.ports = json.loads(self.unit.stdout.readline())["ports"]
+        return self.ports[0]
 
     def start_tool(self, *options):
         self.program = subprocess.Popen(
@@ -61,20 +62,29 @@ class Desktop:
     def get(self, name):
         return self.ask("get " + name)["value"]
 
-    def wait(self, name, value, seconds=10):
+    def wait_until(self, condition, words, seconds=15):
         end = time.monotonic() + seconds
-        while self.get(name) != value:
-            assert time.monotonic() < end, f"{name} is {self.get(name)!r}, not {value!r}"
+        while not condition():
+            assert time.monotonic() < end, f"waited in vain: {words}"
             time.sleep(0.05)
+
+    def wait(self, name, value, seconds=10):
+        self.wait_until(lambda: self.get(name) == value, f"{name} is {value!r}", seconds)
 
     def messages(self):
         return [message["text"] for message in self.ask("messages")["value"]]
 
     def wait_message(self, words, seconds=15):
-        end = time.monotonic() + seconds
-        while not any(words in text for text in self.messages()):
-            assert time.monotonic() < end, f"no message {words!r} in {self.messages()}"
-            time.sleep(0.05)
+        self.wait_until(lambda: any(words in text for text in self.messages()), words, seconds)
+
+    def unit_holds(self, settings):
+        """Asks the unit itself, on its second control port."""
+        path = pathlib.Path(self.home.name) / "wanted.mdu.json"
+        path.write_text(json.dumps({"format": "kestrane-configuration", "version": 1,
+                                    "settings": settings}))
+        told = subprocess.run([self.binaries / "kestrane-cli", "--unit", f"127.0.0.1:{self.ports[1]}",
+                               "diff", path], capture_output=True, text=True)
+        assert told.returncode == 0, told.stdout + told.stderr
 
     # What an operator does.
     def key(self, *keys):
@@ -87,19 +97,25 @@ class Desktop:
         self.xdotool("type", "--delay", "8", text)
         time.sleep(0.1)
 
-    def tab_to(self, name, most=60):
+    def tab_to(self, name, form="frmMainForm", most=100):
         for _ in range(most):
-            if self.get("frmMainForm.focus") == name:
+            if self.get(form + ".focus") == name:
                 return
             self.key("Tab")
         raise AssertionError(f"Tab does not lead to {name}")
 
-    def click(self, name):
+    def press_by_keyboard(self, name):
+        form, _, control = name.rpartition(".")
+        self.tab_to(control, form)
+        self.key("space")
+
+    def click(self, name, times=1):
         place = self.ask("where " + name)
         assert place["ok"], f"{name}: {place}"
         x, y, width, height = place["value"]
-        self.xdotool("mousemove", x + min(width // 2, 12), y + height // 2, "click", 1)
-        self.presses += 1
+        self.xdotool("mousemove", x + min(width // 2, 12), y + height // 2,
+                     "click", "--repeat", times, "--delay", 60, 1)
+        self.presses += times
         time.sleep(0.1)
 
     def click_tab(self, index):

@@ -4,93 +4,143 @@
 Usage: tasks.py BINARIES. Each task starts a unit and a tool of its own.
 """
 
+import pathlib
+import re
 import sys
-import time
 
 from desktop import Desktop
 
 MOST = {
-    "address by keyboard": 6,
+    "address by keyboard": 3,
     "address by mouse": 6,
-    "three outlets by keyboard": 15,
-    "three outlets by mouse": 9,
-    "macro of five lines by mouse": 17,
-    "why not by keyboard": 6,
-    "undo by keyboard": 6,
-    "line lost by keyboard": 8,
+    "three outlets by keyboard": 13,
+    "three outlets by mouse": 8,
+    "web password by keyboard": 14,
+    "web password by mouse": 14,
+    "macro of five lines by keyboard": 32,
+    "macro of five lines by mouse": 15,
+    "undo by keyboard": 4,
+    "why not by keyboard": 3,
+    "why not by mouse": 6,
+    "line lost by keyboard": 3,
+    "line lost by mouse": 6,
 }
 
 
 def connected(desktop, *unit_options):
     port = desktop.start_unit(*unit_options)
     desktop.start_tool("--unit", f"127.0.0.1:{port}")
-    return port
 
 
-def read_by_keyboard(desktop):
-    desktop.key("ctrl+Return")
-    desktop.wait("tcpsend.state", 7)
-    desktop.wait("cmdReadNetworkSettings.usable", True)
-    desktop.key("F5")
-    desktop.wait_message("Read Network Settings: done.")
+class Keyboard:
+    """The ways of a keyboard to what both devices do."""
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+
+    def read_settings(self):
+        self.desktop.key("ctrl+Return")
+        self.desktop.wait("cmdReadNetworkSettings.usable", True)
+        self.desktop.key("F5")
+        self.desktop.wait_message("Read Network Settings: done.")
+
+    def read_tab(self, page, _button, operation):
+        self.desktop.key(f"alt+{page + 1}", "F5")
+        self.desktop.wait_message(f"{operation}: done.")
+
+    def fill(self, box, text, **_):
+        self.desktop.tab_to(box)
+        self.desktop.text(text)
+
+    def write(self, _button):
+        self.desktop.key("ctrl+s")
 
 
-def address_by_keyboard(desktop):
+class Mouse:
+    """The ways of a mouse; the letters of a text alone come from the keyboard."""
+
+    def __init__(self, desktop):
+        self.desktop = desktop
+
+    def read_settings(self):
+        self.desktop.click("cmdConnect")
+        self.desktop.wait("cmdReadNetworkSettings.usable", True)
+        self.desktop.click("cmdReadNetworkSettings")
+        self.desktop.wait_message("Read Network Settings: done.")
+
+    def read_tab(self, page, button, operation):
+        self.desktop.click_tab(page)
+        self.desktop.click(button)
+        self.desktop.wait_message(f"{operation}: done.")
+
+    def fill(self, box, text, selects_on_entry=True):
+        entered = self.desktop.get("frmMainForm.focus") == box
+        self.desktop.click(box, 1 if selects_on_entry and not entered else 3)
+        self.desktop.text(text)
+
+    def write(self, button):
+        self.desktop.click(button)
+
+
+def address(desktop, by):
     connected(desktop)
-    read_by_keyboard(desktop)
-    desktop.tab_to("txtIPAddress")
-    desktop.text("192.168.10.77")
+    by.read_settings()
+    by.fill("txtIPAddress", "192.168.10.77")
     assert desktop.get("txtIPAddress") == "192.168.10.77"
-    desktop.key("ctrl+s")
+    by.write("cmdWriteNetworkSettings")
     desktop.wait_message("Written: Network Settings.")
     assert desktop.ask("changes")["value"] == []
+    desktop.unit_holds({"network": {"ip_address": "192.168.10.77"}})
 
 
-def address_by_mouse(desktop):
+def outlets(desktop, by):
     connected(desktop)
-    desktop.click("cmdConnect")
-    desktop.wait("cmdReadNetworkSettings.usable", True)
-    desktop.click("cmdReadNetworkSettings")
-    desktop.wait_message("Read Network Settings: done.")
-    desktop.click("txtIPAddress")
-    desktop.text("192.168.10.77")
-    desktop.click("cmdWriteNetworkSettings")
-    desktop.wait_message("Written: Network Settings.")
-
-
-def outlets_by_keyboard(desktop):
-    connected(desktop)
-    read_by_keyboard(desktop)
-    desktop.key("alt+4", "F5")
-    desktop.wait_message("Read Channel Names: done.")
-    desktop.tab_to("txtOutUpper(0)")
+    by.read_settings()
+    by.read_tab(3, "cmdReadChannelNames", "Read Channel Names")
     for number in range(3):
-        desktop.text(f"Rack {number}")
-        desktop.key("Tab", "Tab")
-    desktop.key("ctrl+s")
+        by.fill(f"txtOutUpper({number})", f"Rack {number}")
+    by.write("cmdWriteChannelNames")
     desktop.wait_message("Written: Channel Names.")
-    assert desktop.get("txtOutUpper(2)") == "Rack 2"
+    desktop.unit_holds({"names": {"outlet": {str(i + 1): {"upper": f"Rack {i}"}
+                                             for i in range(3)}}})
 
 
-def outlets_by_mouse(desktop):
+def web_password(desktop, by):
     connected(desktop)
-    desktop.click("cmdConnect")
-    desktop.wait("cmdReadNetworkSettings.usable", True)
-    desktop.click("cmdReadNetworkSettings")
-    desktop.wait_message("Read Network Settings: done.")
-    desktop.click_tab(3)
-    desktop.click("cmdReadChannelNames")
-    desktop.wait_message("Read Channel Names: done.")
-    for number in range(3):
-        desktop.click(f"txtOutUpper({number})")
-        desktop.text(f"Rack {number}")
-    desktop.click("cmdWriteChannelNames")
-    desktop.wait_message("Written: Channel Names.")
+    by.read_settings()
+    by.read_tab(2, "cmdReadWBISettings", "Read Web Security")
+    for level in range(3):
+        by.fill(f"txtWebPassword({level})", f"pass{level}", selects_on_entry=False)
+    by.write("cmdWriteWBISettings")
+    desktop.wait_message("Written: Web Security.")
+    desktop.unit_holds({"security": {name: {"password": f"pass{level}"}
+                                     for level, name in enumerate(["view", "control", "admin"])}})
+
+
+def why_not(desktop, by):
+    connected(desktop)
+    by.read_settings()
+    by.fill("txtIPAddress", "300.1.1.1")
+    by.write("cmdWriteNetworkSettings")
+    desktop.wait_message("Not written: ")
+    assert "IP address" in desktop.messages()[-1]
+
+
+def line_lost(desktop, by):
+    connected(desktop, "--latency", "150")
+    by.read_settings()
+    by.fill("txtIPAddress", "192.168.10.78")
+    by.write("cmdWriteNetworkSettings")
+    desktop.wait("lblMemoryBlock", "Writing block 4 of 14")
+    desktop.unit.kill()
+    desktop.wait_message("the line was lost")
+    assert any(re.search(r"Blocks 1 to \d+ of 13 were written before", text)
+               for text in desktop.messages()), desktop.messages()
 
 
 def undo_by_keyboard(desktop):
     connected(desktop)
-    read_by_keyboard(desktop)
+    Keyboard(desktop).read_settings()
     desktop.tab_to("txtIPAddress")
     before = desktop.get("txtIPAddress")
     desktop.text("10.0.0.1")
@@ -101,61 +151,71 @@ def undo_by_keyboard(desktop):
     desktop.wait("txtIPAddress", "10.0.0.1")
 
 
-def why_not_by_keyboard(desktop):
+def outlets_are_on(desktop):
+    return [desktop.get(f"frmScriptEdit.pbLED({outlet})") for outlet in range(4)]
+
+
+def macro(desktop, by_keyboard):
+    """Four outlets off and a stop, uploaded, watched, saved, and loaded over a cleared memory."""
     connected(desktop)
-    read_by_keyboard(desktop)
-    desktop.tab_to("txtIPAddress")
-    desktop.text("300.1.1.1")
-    desktop.key("ctrl+s")
-    desktop.wait_message("Not written: ")
-    assert "IP address" in desktop.messages()[-1]
-
-
-def macro_by_mouse(desktop):
-    connected(desktop)
-    desktop.click("cmdConnect")
-    desktop.wait("cmdReadNetworkSettings.usable", True)
-    desktop.click("cmdReadNetworkSettings")
-    desktop.wait_message("Read Network Settings: done.")
-    desktop.click_tab(4)
-    desktop.click("cmdEditMacro")
-    desktop.wait("frmScriptEdit.cmdUpload.usable", True, 30)
-    desktop.click("frmScriptEdit.chkAutoIncrement")
-    desktop.click("frmScriptEdit.lblCommand(0)")
-    for outlet in range(4):
-        desktop.click(f"frmScriptEdit.cmdOn({outlet})")
-    desktop.click("frmScriptEdit.cmdInsertCommand(0)")
-    desktop.click("frmScriptEdit.cmdUpload")
-    desktop.wait_message("Written: Macro.", 30)
-
-
-def line_lost_by_keyboard(desktop):
-    connected(desktop, "--latency", "150")
-    read_by_keyboard(desktop)
-    desktop.tab_to("txtIPAddress")
-    desktop.text("192.168.10.78")
-    desktop.key("ctrl+s")
-    time.sleep(1.2)
-    desktop.unit.kill()
-    desktop.wait_message("the line was lost")
-    assert "written before" in " ".join(desktop.messages())
+    editor = "frmScriptEdit."
+    path = pathlib.Path(desktop.home.name) / "five.sms"
+    press = desktop.press_by_keyboard if by_keyboard else desktop.click
+    (Keyboard if by_keyboard else Mouse)(desktop).read_settings()
+    desktop.key("ctrl+m") if by_keyboard else (desktop.click_tab(4), desktop.click("cmdEditMacro"))
+    desktop.wait_message("Download Macro: done.", 40)
+    desktop.wait(editor + "cmdUpload.usable", True, 30)
+    before = outlets_are_on(desktop)
+    if by_keyboard:
+        desktop.key("ctrl+l")
+        for line in [f"OFF {outlet} 1" for outlet in range(1, 5)] + ["Stop"]:
+            desktop.text(line)
+            desktop.key("Return")
+        desktop.key("ctrl+shift+u")
+    else:
+        press(editor + "chkAutoIncrement")
+        for outlet in range(4):
+            press(editor + f"cmdOff({outlet})")
+        press(editor + "cmdInsertCommand(0)")
+        press(editor + "cmdUpload")
+    desktop.wait_message("Written: Macro.", 40)
+    press(editor + "cmdGoTo")
+    desktop.wait_until(lambda: all(now != was for now, was in zip(outlets_are_on(desktop), before)),
+                       "the four lights change")
+    lines = [desktop.get(editor + f"lblCommand({row})") for row in range(5)]
+    desktop.ask(f"file {path}")
+    desktop.key("ctrl+s") if by_keyboard else press(editor + "cmdSaveFile")
+    desktop.wait_until(path.exists, "the file is there")
+    press(editor + "cmdClearMem")
+    desktop.wait_until(lambda: desktop.get(editor + "lblCommand(0)") != lines[0], "an empty memory")
+    desktop.ask(f"file {path}")
+    desktop.key("ctrl+o") if by_keyboard else press(editor + "cmdLoadFile")
+    desktop.wait_until(
+        lambda: [desktop.get(editor + f"lblCommand({row})") for row in range(5)] == lines,
+        "the lines of the file")
 
 
 TASKS = {
-    "address by keyboard": address_by_keyboard,
-    "address by mouse": address_by_mouse,
-    "three outlets by keyboard": outlets_by_keyboard,
-    "three outlets by mouse": outlets_by_mouse,
-    "undo by keyboard": undo_by_keyboard,
-    "why not by keyboard": why_not_by_keyboard,
-    "macro of five lines by mouse": macro_by_mouse,
-    "line lost by keyboard": line_lost_by_keyboard,
+    "address": address,
+    "three outlets": outlets,
+    "web password": web_password,
+    "why not": why_not,
+    "line lost": line_lost,
 }
+
+
+def all_tasks():
+    for name, task in TASKS.items():
+        yield name + " by keyboard", lambda desktop, task=task: task(desktop, Keyboard(desktop))
+        yield name + " by mouse", lambda desktop, task=task: task(desktop, Mouse(desktop))
+    yield "macro of five lines by keyboard", lambda desktop: macro(desktop, True)
+    yield "macro of five lines by mouse", lambda desktop: macro(desktop, False)
+    yield "undo by keyboard", undo_by_keyboard
 
 
 def main():
     failed = 0
-    for name, task in TASKS.items():
+    for name, task in all_tasks():
         if len(sys.argv) > 2 and sys.argv[2] not in name:
             continue
         desktop = Desktop(sys.argv[1])

@@ -84,6 +84,26 @@ TEST_F(EditorWindowTest, UndoesCopiesAndPastesByKeys) {
         QGuiApplication::clipboard()->setText("no instruction");
         Key(Qt::Key_V, Qt::ControlModifier);
         EXPECT_EQ(world_.boxes.shown().back().title, "Not pasted.");
+
+        // Lines typed one after the other, as fast as they come.
+        tool_.hand.Choose(editor.scrListScroll, 0x50);
+        Settle();
+        Key(Qt::Key_L, Qt::ControlModifier);
+        auto* const line = Window().findChild<QLineEdit*>("sourceLine");
+        ASSERT_EQ(Window().focusWidget(), line);
+        for (const char* text : {"OFF 6 1", "Stop"}) {
+            QTest::keyClicks(line, text);
+            QTest::keyClick(line, Qt::Key_Return);
+            Settle();
+        }
+        EXPECT_EQ(tool_.macro_editor.state().image.Opcode(0x50), 0x35);
+        EXPECT_EQ(tool_.macro_editor.state().MemPointer, 0x52);
+        QTest::keyClicks(line, "OFF 77");
+        QTest::keyClick(line, Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(world_.boxes.shown().back().title, "Not inserted.");
+        EXPECT_EQ(line->text(), "OFF 77");
+        EXPECT_EQ(Window().focusWidget(), line);
     });
 }
 
