@@ -89,7 +89,10 @@ bool UnitSession::WaitUntil(const std::function<bool()>& condition, Milliseconds
     bool over = false;
     const auto timer = tool_.link.platform().timers.NewTimer([&over] { over = true; });
     timer->Start(limit);
+    // A refresh that waits inside of this wait would hold it up for ever once the unit has gone.
+    waiting_ = Connected();
     while (!over && !interrupted_ && !condition()) tool_.link.platform().loop.Pump();
+    waiting_ = false;
     return !interrupted_ && condition();
 }
 
@@ -218,6 +221,10 @@ bool UnitSession::ReadChangeover(const TabRow& tab) {
     const bool live =
         WaitUntil([&] { return known.changeover_live || !tool_.link.Connected(); }, kRefreshLimit);
     if (live && known.changeover_live) return true;
+    if (!Connected()) {
+        return Fail(std::string(tab.name) +
+                    ": the connection was lost; connect again, and check the line");
+    }
     return Fail(std::string(tab.name) + ": no live values came; check the unit");
 }
 
@@ -287,10 +294,14 @@ void UnitSession::StartSilence() {
     if (operating_) silence_->Start(timeout_.value_or(kReplyTimeout) + kLongestPause);
 }
 
+bool UnitSession::Connected() const {
+    return tool_.link.platform().tcpsend.State() == SocketState::kConnected &&
+           tool_.link.connection() != 0;
+}
+
 void UnitSession::Watch() {
-    if (!operating_) return;
-    const SocketState state = tool_.link.platform().tcpsend.State();
-    if (state == SocketState::kConnected && tool_.link.connection() != 0) return;
+    if ((!operating_ && !waiting_) || Connected()) return;
+    waiting_ = false;
     Disconnect();
 }
 

@@ -71,6 +71,7 @@ class UnitSession : private JournalObserver {
     void ExchangeBegan(const Exchange& exchange) override;
     void ExchangeEnded(const Exchange& exchange) override;
     void StartSilence();
+    bool Connected() const;
     void Watch();
 
     Tool& tool_;
@@ -80,6 +81,7 @@ class UnitSession : private JournalObserver {
     std::shared_ptr<UnitSession*> alive_ = std::make_shared<UnitSession*>(this);
     std::unique_ptr<RepeatingTimer> silence_;
     bool operating_ = false;
+    bool waiting_ = false;  // on a connection
     bool silent_ = false;
     bool interrupted_ = false;
     std::string failure_;

@@ -38,6 +38,15 @@ TEST_F(CallTest, Read_RefusesAnUnknownTabBeforeItConnects) {
     EXPECT_EQ(world.tcpsend.connections(), 0);
 }
 
+// The live values come by a timer, whose wait must not hold up the call.
+TEST_F(CallTest, Read_EndsWhereverTheLineIsLost) {
+    for (int exchange = 0; exchange < 21; ++exchange) {
+        peer.line().PassNext(exchange);
+        peer.line().CutNext(0);
+        EXPECT_EQ(Read({"changeover"}), kExitUnit) << exchange;
+    }
+}
+
 TEST_F(CallTest, Read_TellsOfAUnitThatCannotBeReached) {
     world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kRefuse);
     EXPECT_EQ(Read({"network"}), kExitUnit);
