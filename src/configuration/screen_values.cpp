@@ -204,6 +204,9 @@ ShownValue ValueOnScreen(Tool& tool, const Setting& setting, const MacroMemory& 
 Refusal TypeSetting(Tool& tool, const Setting& setting, const SettingValue& value) {
     const auto refuse = [&](const std::string& why) { return Refusal(setting.key + ": " + why); };
     Control* const control = tool.main_form.Find(setting.control);
+    if (setting.key.starts_with("privileges.") && !control->Enabled()) {
+        return refuse("the port may not write it");
+    }
     const Refusal refusal = control ? Put(tool, *control, value)
                                     : ChooseInlet(tool, setting, std::get<std::string>(value));
     if (refusal) return refuse(*refusal);

@@ -58,8 +58,9 @@ void Relay(Setting& row, int address, int count) {
 void AddNetwork(Table& table) {
     static constexpr char kTab[] = "network";
     const auto identity = [](Setting& row) { row.identity = true; };
-    Setting* row = &table.Text("network.netbios_name", "txtNetbiosName", kTab, 16,
-                               "Name on Windows networks, up to 15 characters, stored in capitals.");
+    Setting* row =
+        &table.Text("network.netbios_name", "txtNetbiosName", kTab, 16,
+                    "Name on Windows networks, up to 15 characters, stored in capitals.");
     Display(*row, 0x0010, 15);
     identity(*row);
     row = &table.Text("network.unit_location", "txtUnitLocation", kTab, 16,
@@ -142,9 +143,9 @@ void AddNetworkRest(Table& table) {
     community.secret = true;
     Display(community, 0x02E0, 8);
     Display(community, 0x0320, 16);
-    Display(table.Text("snmp.contact", "txtSysContact", kTab, 16,
-                       "SNMP contact, up to 16 characters."),
-            0x01E0, 16);
+    Display(
+        table.Text("snmp.contact", "txtSysContact", kTab, 16, "SNMP contact, up to 16 characters."),
+        0x01E0, 16);
     Setting& id = table.Add("unit.id", "txtUnitID", kTab, Kind::kHexByte,
                             "Address of the unit among several on one line, two hexadecimal "
                             "digits, 00 to 61.");
@@ -182,8 +183,8 @@ void AddPrivileges(Table& table) {
         for (int port = 1; port <= 3; ++port) {
             for (int bit = 0; bit < 8; ++bit) {
                 std::string right = half.rights[bit];
-                const std::string key = std::string("privileges.") + half.board + "." +
-                                        kPorts[port - 1] + "." + right;
+                const std::string key =
+                    std::string("privileges.") + half.board + "." + kPorts[port - 1] + "." + right;
                 std::replace(right.begin(), right.end(), '_', ' ');
                 Setting& row = table.Switch(
                     key, Indexed("chkPriv", half.base + 10 * port + bit), "privileges",
@@ -205,10 +206,9 @@ void AddSecurity(Table& table) {
                            ", up to 16 characters without blanks; empty for none.");
         password.secret = true;
         password.write_only = true;
-        Setting& disabled = table.Switch(prefix + "disabled", Indexed("chkWebSecurityDisable", i),
-                                         "security",
-                                         std::string("Whether the web level ") + kLevels[i] +
-                                             " is closed.");
+        Setting& disabled =
+            table.Switch(prefix + "disabled", Indexed("chkWebSecurityDisable", i), "security",
+                         std::string("Whether the web level ") + kLevels[i] + " is closed.");
         for (Setting* row : {&table.rows[table.rows.size() - 2], &disabled}) {
             Display(*row, 0x02A0, 16);
             Display(*row, 0x02B0 + 16 * i, 16);
@@ -260,9 +260,9 @@ void AddSensors(Table& table) {
         Display(table.Text(prefix + "name", Indexed("txt1WName", i), "1wire", 8,
                            "Name of " + sensor + ", up to 8 characters."),
                 0x0160 + 16 * (i / 2), 16);
-        Setting& address = table.Text(prefix + "address", Indexed("lbl1We2p", i), "1wire", 19,
-                                      "Committed address of " + sensor +
-                                          ", 16 hexadecimal digits with the family last.");
+        Setting& address = table.Text(
+            prefix + "address", Indexed("lbl1We2p", i), "1wire", 19,
+            "Committed address of " + sensor + ", 16 hexadecimal digits with the family last.");
         address.read_only = true;
     }
 }
@@ -358,8 +358,8 @@ std::size_t Distance(std::string_view a, std::string_view b) {
         std::size_t diagonal = row[0]++;
         for (std::size_t j = 1; j <= b.size(); ++j) {
             const std::size_t above = row[j];
-            row[j] = std::min({row[j] + 1, row[j - 1] + 1,
-                               diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
+            row[j] =
+                std::min({row[j] + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
             diagonal = above;
         }
     }

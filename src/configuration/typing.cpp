@@ -92,7 +92,8 @@ void Typing::Compare(const TabRow& tab) {
         if (Holds(*setting, shown, wanted.value)) continue;
         std::string why = wanted.left_alone;
         if (shown.why_not == kNotOnThisUnit) why = kNotOnThisUnit;
-        if (why.empty() && setting->key.starts_with("privileges.") && !shown.value) {
+        const bool unknown_right = setting->key.starts_with("privileges.") && !shown.value;
+        if (why.empty() && unknown_right && !request_.compare_only) {
             refusals_.push_back(setting->key + ": " + shown.why_not);
             continue;
         }

@@ -54,9 +54,8 @@ Fault CheckText(const Setting& setting, const std::string& text) {
     }
     const bool blank_ends = !text.empty() && (text.front() == ' ' || text.back() == ' ');
     if (blank_ends) return "begins or ends with a blank, which would not come back; leave it out";
-    const auto refused = std::find_if(text.begin(), text.end(), [&](char c) {
-        return IsRefusedCharacter(setting, c);
-    });
+    const auto refused = std::find_if(text.begin(), text.end(),
+                                      [&](char c) { return IsRefusedCharacter(setting, c); });
     if (refused == text.end()) return {};
     const auto code = static_cast<unsigned char>(*refused);
     if (code < kBlank || code == 0x7F) {
@@ -76,7 +75,8 @@ Fault CheckNumber(const Setting& setting, long number) {
         return "is not a multiple of " + std::to_string(setting.step);
     }
     // Their byte would be a blank, which a read takes for nothing.
-    constexpr const char* kUnreadable = "; the unit could not be read with this value, take another";
+    constexpr const char* kUnreadable =
+        "; the unit could not be read with this value, take another";
     if (setting.key == "ports.disconnect_timeout" && number == 320) {
         return std::string("must not be 320") + kUnreadable;
     }

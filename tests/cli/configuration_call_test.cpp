@@ -133,6 +133,23 @@ TEST_F(ConfigurationCallTest, APlanIsNotCountedAsChanged) {
               (Words{"oled.timeout: 120 -> 70 (not begun)", "0 changed, 0 left alone, 1 failed"}));
 }
 
+TEST_F(ConfigurationCallTest, RightsThatCannotBeReadOrWrittenAreTold) {
+    peer.unit().Relay().Set(0x03E0, 0xF9);  // port A: neither "Read" nor "Write other privileges"
+    const std::string file = File("a", R"({"names": {"outlet": {"4": {"upper": "NAS"}}},
+        "privileges": {"relay": {"b": {"live_control": true}}}})");
+    EXPECT_EQ(Diff({file}), kExitDifferences);
+    EXPECT_EQ(Take(),
+              (Words{"privileges.relay.b.live_control: - -> true",
+                     "names.outlet.4.upper: Switch -> NAS", "2 differences, 0 left alone"}));
+    EXPECT_EQ(Apply({file}), kExitUsage);
+    EXPECT_EQ(Complaint(),
+              "privileges.relay.b.live_control: the port may not read it; nothing was written");
+    peer.unit().Relay().Set(0x03E0, 0xFB);
+    EXPECT_EQ(Apply({"--set", "privileges.relay.c.live_control=true"}), kExitUsage);
+    EXPECT_EQ(Complaint(),
+              "privileges.relay.c.live_control: the port may not write it; nothing was written");
+}
+
 TEST_F(ConfigurationCallTest, SettingsListTheTable) {
     EXPECT_EQ(Run(MakeSettingsCall(), {"--json"}), kExitDone);
     EXPECT_EQ(Json::parse(printed.back()).size(), Settings().size());
