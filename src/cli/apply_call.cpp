@@ -129,7 +129,8 @@ class ApplyCall : public WritingCall {
 
     void AddTo(CLI::App& app) override {
         app.add_option("FILE", paths_, "Configuration files; later ones win over earlier ones");
-        app.add_option("--set", assignments_, "KEY=VALUE over the files; repeatable")->take_all();
+        app.add_option("--set", assignments_, "KEY=VALUE over the files; repeatable")
+            ->allow_extra_args(false);
         filter_.AddTo(app);
         AddWritingOptions(app);
     }

@@ -42,9 +42,9 @@ void ConfigurationFiles::AddNotes(const std::string& path, const std::vector<Fil
 void FilterOptions::AddTo(CLI::App& app) {
     app.add_option("--only", filter_.only,
                    "Only settings that begin with this: names, names.outlet.3; repeatable")
-        ->take_all();
+        ->allow_extra_args(false);
     app.add_option("--except", filter_.except, "No settings that begin with this; repeatable")
-        ->take_all();
+        ->allow_extra_args(false);
     app.add_flag("--identity", filter_.identity,
                  "Also what tells one unit from another: names, location, IP address, ID");
     app.add_flag("--live", filter_.live, "Also values that a restart of the unit loses");

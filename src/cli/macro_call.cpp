@@ -131,7 +131,7 @@ class MacroCall : public Call {
         sub->add_option("--event", options_.events,
                         "What comes from outside, as often as needed: 'TIME: switch on|off', "
                         "'TIME: gpi N high|low', 'TIME: supply lost|back'")
-            ->take_all();
+            ->allow_extra_args(false);
         sub->add_option("--outlets", options_.outlets, "Those that are on at first: 'on 1 3 5'")
             ->each([this](const std::string&) { options_.outlets_given = true; });
         CLI::Option* json = sub->add_flag("--json", options_.json, "Print one JSON object");

@@ -33,6 +33,10 @@ TEST_F(ConfigurationCallTest, ApplyWritesOnceAndItsUndoFileBringsBack) {
                              "network.unit_name: MDU Rack 4 -> Rack 7 (identity, left alone)",
                              "changeover.live.phase: 5 -> 9 (live, left alone)",
                              "1 difference, 2 left alone"}));
+    EXPECT_EQ(Diff({"--only", "names", "--only", "oled", file}), kExitDifferences);
+    EXPECT_EQ(Take().back(), "1 difference, 0 left alone");
+    EXPECT_EQ(Apply({"--set", "oled.timeout=70", file, "--dry-run"}), kExitDifferences);
+    EXPECT_EQ(Take().back(), "2 differences, 2 left alone");
     EXPECT_EQ(Apply({file, "--dry-run"}), kExitDifferences);
     EXPECT_EQ(Take().back(), "1 difference, 2 left alone");
     EXPECT_EQ(WritesSent(), 0);
@@ -105,7 +109,7 @@ TEST_F(ConfigurationCallTest, FaultsEndItBeforeAUnitIsAsked) {
     EXPECT_EQ(Complaint().find('\x1b'), std::string::npos);
     EXPECT_EQ(Diff({file, "--json"}), kExitUsage);
     EXPECT_EQ(Json::parse(printed.back())["result"], "refused");
-    EXPECT_EQ(Diff({file, "--only", "nam"}), kExitUsage);
+    EXPECT_EQ(Diff({"--only", "nam", file}), kExitUsage);
     EXPECT_EQ(Apply({}), kExitUsage);
     const std::string good = File("b", "{}");
     EXPECT_EQ(Apply({good, "--undo", "/"}), kExitUsage);
