@@ -56,9 +56,9 @@ class DiffCall : public Call {
             for (const std::string& line : file.short_notes) context.ErrorLine(line);
         }
         if (!FileFaults().empty()) {
-            context.Publish(
-                PlainResult(context.options.Address(context.tool), "refused", FileFaults().front()),
-                json_);
+            const std::string unit =
+                files_.size() == 2 ? paths_[0] : context.options.Address(context.tool);
+            context.Publish(PlainResult(unit, "refused", FileFaults().front()), json_);
             return kExitUsage;
         }
         const ApplyReport report = files_.size() == 2 ? CompareFiles() : CompareWithUnit(context);

@@ -40,7 +40,7 @@ Backup ReadBackup(UnitSession& session, bool with_secrets) {
                                              : ValueOnScreen(tool, setting, session.Program());
             if (setting.secret && !with_secrets && shown.value) {
                 backup.left_out[&setting] = "secret";
-            } else if (shown.value) {
+            } else if (shown.FitsAFile()) {
                 backup.values[&setting] = *shown.value;
             } else {
                 backup.left_out[&setting] = shown.why_not;

@@ -98,10 +98,14 @@ class Application {
         }
         bool secret = false;
         for (const SettingChange& change : report_.changes) {
-            if (change.before) {
+            if (values.count(change.setting)) continue;
+            const auto fault =
+                change.before ? CheckValue(*change.setting, *change.before) : std::nullopt;
+            if (change.before && !fault) {
                 values.emplace(change.setting, *change.before);
-            } else if (!values.count(change.setting)) {
-                left_out[change.setting] = "the unit does not give it back";
+            } else {
+                left_out[change.setting] =
+                    fault ? "it " + *fault : "the unit does not give it back";
             }
         }
         for (const auto& row : values) secret = secret || row.first->secret;

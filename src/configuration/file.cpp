@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "text/terminal.h"
+#include "text/text.h"
 #include "text/utf8.h"
 
 namespace kestrane {
@@ -27,6 +28,21 @@ Json& Place(Json& root, const std::string& key) {
     }
     return *at;
 }
+// A backup may go to a terminal: U+0080 to U+009F, which JSON leaves as they are, as \u escapes.
+std::string WithoutControlCodes(const std::string& json) {
+    std::string text;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const auto next = static_cast<std::uint8_t>(i + 1 < json.size() ? json[i + 1] : 0);
+        if (json[i] == '\xC2' && next < 0xA0) {
+            text += "\\u00" + HexByte(next);
+            ++i;
+        } else {
+            text += json[i];
+        }
+    }
+    return text;
+}
+
 }  // namespace
 
 std::string FileFault::Line(const std::string& file) const {
@@ -72,7 +88,7 @@ std::string WriteConfiguration(const UnitFacts& unit, const SettingValues& value
     }
     file["settings"] = std::move(settings);
     file["left_out"] = std::move(missing);
-    return file.dump(2) + "\n";
+    return WithoutControlCodes(file.dump(2)) + "\n";
 }
 
 }  // namespace kestrane

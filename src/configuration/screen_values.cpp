@@ -57,7 +57,7 @@ ShownValue OfText(const Setting& setting, const std::string& text) {
     }
     const SettingValue value = Normal(setting, SettingValue(text));
     if (const auto fault = CheckValue(setting, value); fault && !setting.read_only) {
-        return {{}, "it " + *fault};
+        return {value, "it " + *fault};
     }
     return {value, {}};
 }

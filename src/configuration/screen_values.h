@@ -15,7 +15,10 @@ inline constexpr char kNotOnThisUnit[] = "not on this unit";
 
 struct ShownValue {
     std::optional<SettingValue> value;
-    std::string why_not;  // why there is none: "the unit does not give it back"
+    // Why there is none, "the unit does not give it back"; or why no file may hold this one.
+    std::string why_not;
+
+    bool FitsAFile() const { return value && why_not.empty(); }
 };
 
 // What the unit holds, for a tab that has been read and not been edited since. `program`: the

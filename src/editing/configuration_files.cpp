@@ -175,7 +175,7 @@ FileOutcome SaveConfiguration(Workbench& bench, const std::string& path) {
         const ShownValue shown = ValueOnScreen(bench.tool, *setting, {});
         if (setting->secret) {
             left_out[setting] = "secret";
-        } else if (shown.value) {
+        } else if (shown.FitsAFile()) {
             values[setting] = *shown.value;
         } else {
             left_out[setting] = shown.why_not;

@@ -137,6 +137,21 @@ TEST_F(ConfigurationCallTest, APlanIsNotCountedAsChanged) {
               (Words{"oled.timeout: 120 -> 70 (not begun)", "0 changed, 0 left alone, 1 failed"}));
 }
 
+TEST_F(ConfigurationCallTest, WhatNoFileMayHoldIsToldEscapedAndLeftOut) {
+    for (int i = 0; i < 16; ++i)
+        peer.unit().Display().Set(0x0050 + i, "a\x1b[2J\x9b           "[i]);
+    EXPECT_EQ(Diff({File("a", R"({"network": {"unit_name": "x"}})"), "--identity"}),
+              kExitDifferences);
+    EXPECT_EQ(Take().front(), "network.unit_name: a\\x1B[2J\\x9B -> x");
+    EXPECT_EQ(Apply({"a", "--identity", "--undo", "u"}), kExitDone);
+    const Json undo = Json::parse(world.disk.files["u"]);
+    EXPECT_EQ(undo["settings"], Json::object());
+    EXPECT_EQ(undo["left_out"]["network.unit_name"],
+              "it holds a control character; a text takes printable characters");
+    EXPECT_EQ(Run(MakeBackupCall(), {}), kExitDone);
+    EXPECT_EQ(printed.back().find_first_of("\x1b\x9b"), std::string::npos);
+}
+
 TEST_F(ConfigurationCallTest, RightsThatCannotBeReadOrWrittenAreTold) {
     peer.unit().Relay().Set(0x03E0, 0xF9);  // port A: neither "Read" nor "Write other privileges"
     const std::string file = File("a", R"({"names": {"outlet": {"4": {"upper": "NAS"}}},

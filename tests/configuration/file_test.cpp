@@ -132,7 +132,7 @@ SettingValue Random(const Setting& setting, std::mt19937& random) {
     }
     std::string text;
     for (int i = below(setting.max_length + 1); i > 0; --i) {
-        text.push_back(static_cast<char>("Az\"\\/-\xE4\xFF"[below(8)]));
+        text.push_back(static_cast<char>("Az\"\\/-\x9B\xE4\xFF"[below(9)]));
         if (CheckValue(setting, text)) text.pop_back();
     }
     return text;
