@@ -11,7 +11,6 @@ namespace kestrane {
 namespace {
 
 constexpr int kDefaultPort = 1243;
-constexpr std::size_t kLongestLikeAKey = 60;
 
 class FleetListReader {
   public:
@@ -57,10 +56,7 @@ class FleetListReader {
         const Setting* setting = FindSetting(name);
         if (!setting) setting = SettingOfControl(name);
         if (!setting) {
-            // Looking for the nearest of a long text takes long and finds nothing.
-            const bool like_a_key = name.size() <= kLongestLikeAKey;
-            Fault(line, name + ": not a known key" +
-                            (like_a_key ? "; the nearest is " + NearestKey(name) : ""));
+            Fault(line, name + ": not a known key; the nearest is " + NearestKey(name));
         } else if (setting->read_only) {
             Fault(line, name + ": this setting can only be read; leave the column out");
             return nullptr;

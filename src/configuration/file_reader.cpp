@@ -42,26 +42,41 @@ class CountingInput {
     std::size_t* taken_;
 };
 
-// Columns count characters, not bytes.
-FilePosition PositionOf(std::string_view text, std::size_t offset) {
-    FilePosition position;
-    for (std::size_t i = 0; i < std::min(offset, text.size()); ++i) {
-        if (text[i] == '\n') {
-            ++position.line;
-            position.column = 1;
-        } else if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) {
-            ++position.column;
+// Tells lines and columns of a text. Columns count characters, not bytes. What is asked for comes
+// mostly in the order of the text, so it goes on from the last place: a file of faults alone is
+// read once.
+class Places {
+  public:
+    explicit Places(std::string_view text) : text_(text) {}
+
+    FilePosition Of(std::size_t offset) {
+        if (offset < at_) {
+            at_ = 0;
+            position_ = {};
         }
+        for (; at_ < std::min(offset, text_.size()); ++at_) {
+            if (text_[at_] == '\n') {
+                ++position_.line;
+                position_.column = 1;
+            } else if ((static_cast<unsigned char>(text_[at_]) & 0xC0) != 0x80) {
+                ++position_.column;
+            }
+        }
+        return position_;
     }
-    return position;
-}
+
+  private:
+    std::string_view text_;
+    std::size_t at_ = 0;
+    FilePosition position_;
+};
 
 // Collects what stands in the file. The tokens' places are found from where the parser stands:
 // it has just taken the token, and at most one character after a number.
 class Collector : public nlohmann::json_sax<Json> {
   public:
     Collector(std::string_view text, const std::size_t& taken, ConfigurationText& result)
-        : text_(text), taken_(taken), result_(result) {}
+        : text_(text), places_(text), taken_(taken), result_(result) {}
 
     bool null() override { return Value(StartOfWord(), {}); }
     bool boolean(bool value) override { return Value(StartOfWord(), SettingValue(value)); }
@@ -110,7 +125,7 @@ class Collector : public nlohmann::json_sax<Json> {
                      const nlohmann::detail::exception& error) override {
         const std::string what = WhatIsWrong(error.what());
         result_.faults.push_back(
-            {PositionOf(text_, position > 0 ? position - 1 : 0), {}, "this is not JSON: " + what});
+            {places_.Of(position > 0 ? position - 1 : 0), {}, "this is not JSON: " + what});
         return false;
     }
 
@@ -161,7 +176,7 @@ class Collector : public nlohmann::json_sax<Json> {
     }
 
     void Fault(std::size_t at, std::string key, std::string sentence) {
-        result_.faults.push_back({PositionOf(text_, at), std::move(key), std::move(sentence)});
+        result_.faults.push_back({places_.Of(at), std::move(key), std::move(sentence)});
     }
 
     std::size_t StartOfWord() const {
@@ -270,14 +285,15 @@ class Collector : public nlohmann::json_sax<Json> {
             Fault(at, key, *fault);
         } else if (setting->read_only) {
             result_.notes.push_back(
-                {PositionOf(text_, key_at_), key, "can only be read; it is passed over"});
+                {places_.Of(key_at_), key, "can only be read; it is passed over"});
         } else {
             result_.values[setting] = Normal(*setting, *value);
-            result_.places[setting] = PositionOf(text_, at);
+            result_.places[setting] = places_.Of(at);
         }
     }
 
     std::string_view text_;
+    Places places_;
     const std::size_t& taken_;
     ConfigurationText& result_;
     std::vector<bool> open_;  // true: an object

@@ -387,6 +387,9 @@ const Setting* SettingOfControl(std::string_view control) {
 }
 
 std::string NearestKey(std::string_view key) {
+    // Of a text longer than any key the rest says nothing.
+    constexpr std::size_t kLongest = 60;
+    key = key.substr(0, kLongest);
     const Setting* nearest = nullptr;
     std::size_t least = 0;
     for (const Setting& setting : Settings()) {
