@@ -51,6 +51,11 @@ class WritingCall : public Call {
         return {};
     }
 
+    bool IsUndoFile(const std::string& path) const {
+        std::error_code error;
+        return path == undo_file_ || std::filesystem::equivalent(path, undo_file_, error);
+    }
+
     ApplyReport RunApply(CallContext& context, ApplyRequest request) {
         for (const auto& [setting, value] : own_) request.own[setting] = value;
         request.dry_run = dry_run_;
@@ -148,7 +153,10 @@ class ApplyCall : public WritingCall {
             given_.push_back(*assignment);
         }
         files_ = {};
-        for (const std::string& path : paths_) files_.Add(tool.link.platform().disk, path);
+        for (const std::string& path : paths_) {
+            if (IsUndoFile(path)) return "--undo: " + path + " is to be applied; name another file";
+            files_.Add(tool.link.platform().disk, path);
+        }
         for (const auto& [setting, value] : ValuesOf(given_)) files_.values[setting] = value;
         return CheckWritingOptions(tool.link.platform().disk);
     }

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <charconv>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -94,6 +95,12 @@ std::string FleetOptions::Resume() {
     if (!reported.error.empty()) return resume_file_ + ": " + reported.error;
     std::erase_if(units_, [&](const FleetUnit& unit) { return reported.done.contains(unit.name); });
     return {};
+}
+
+bool FleetOptions::AddsToReport() const {
+    std::error_code error;
+    return report_file_ == resume_file_ ||
+           std::filesystem::equivalent(report_file_, resume_file_, error);
 }
 
 FleetPlan FleetOptions::Plan(const Call& call) const {

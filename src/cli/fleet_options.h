@@ -35,7 +35,7 @@ class FleetOptions {
     // Empty: none.
     const std::string& report_file() const { return report_file_; }
     // The report holds what --resume has read, and is added to.
-    bool AddsToReport() const { return report_file_ == resume_file_; }
+    bool AddsToReport() const;
 
   private:
     std::string CheckNumbers();

@@ -97,23 +97,34 @@ class Application {
             values = text.values;
         }
         bool secret = false;
-        for (const SettingChange& change : report_.changes) {
-            if (values.count(change.setting)) continue;
-            const auto fault =
-                change.before ? CheckValue(*change.setting, *change.before) : std::nullopt;
-            if (change.before && !fault) {
-                values.emplace(change.setting, *change.before);
-            } else {
-                left_out[change.setting] =
-                    fault ? "it " + *fault : "the unit does not give it back";
-            }
-        }
+        AddOldValues(values, left_out);
         for (const auto& row : values) secret = secret || row.first->secret;
         const auto fault =
             disk.Replace(request_.undo_file, WriteConfiguration({}, values, left_out),
                          secret ? FileStore::Readers::kOwner : FileStore::Readers::kEveryone);
         if (!fault) return {};
         return "cannot write " + request_.undo_file + ": " + *fault + "; nothing was written";
+    }
+
+    // What a file may hold of what stands now; the values that are there already stay.
+    void AddOldValues(SettingValues& values, LeftOut& left_out) const {
+        constexpr char kNotGivenBack[] = "the unit does not give it back";
+        for (const SettingChange& change : report_.changes) {
+            const Setting& setting = *change.setting;
+            if (values.count(&setting)) continue;
+            const auto fault = change.before ? CheckValue(setting, *change.before) : std::nullopt;
+            if (change.before && !fault) {
+                values.emplace(&setting, *change.before);
+            } else {
+                left_out[&setting] = fault ? "it " + *fault : kNotGivenBack;
+            }
+            // Closing a web level takes its password with it.
+            if (std::string_view(setting.tab) != "security" || setting.write_only) continue;
+            const int level = LevelOf(tool_, setting);
+            if (StateOfWebLevel(tool_, level) != WebLevel::kPassword) continue;
+            const TextBox& password = tool_.main_form.security.txtWebPassword(level);
+            left_out[SettingOfControl(password.name())] = kNotGivenBack;
+        }
     }
 
     void Write() {
