@@ -196,6 +196,19 @@ void Typing::CheckTabTogether(const TabRow& tab) {
     if (name == "network") CheckNetwork();
     if (name == "security") CheckPasswords();
     if (name == "privileges") CheckColumns();
+    if (name == "triggers") CheckTriggers();
+}
+
+// An address that was read as 00 leaves the switch open, and the write would let it pass.
+void Typing::CheckTriggers() {
+    TriggersTab& tab = tool_.main_form.triggers;
+    for (CheckBox& box : tab.chkMacro) {
+        const Setting& setting = *SettingOfControl(box.name());
+        const bool enables = report_.Changes(setting) && box.Checked();
+        if (!enables || HexValue(tab.txtMTAddress(box.index()).Text()) != 0) continue;
+        refusals_.push_back(setting.key + ": a trigger without an address can't be enabled; give " +
+                            "its address as well");
+    }
 }
 
 // A write would do nothing while any of the five addresses is red, and would not say so.

@@ -43,6 +43,7 @@ class Typing {
     void CheckNetwork();
     void CheckPasswords();
     void CheckColumns();
+    void CheckTriggers();
 
     UnitSession& session_;
     Tool& tool_;

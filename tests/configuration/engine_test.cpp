@@ -101,11 +101,14 @@ TEST_F(EngineTest, ComparesAndTriesWithoutAWrite) {
 }
 
 TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
+    peer.unit().Display().Set(0x023E, 0x80);  // trigger 4: disabled, no address
+    peer.unit().Display().Set(0x023F, 0x00);
     for (const char* settings :
          {R"({"network": {"ip_address": "0.1.2.3"}})", R"({"network": {"netbios_name": "abc"}})",
           R"({"unit": {"id": "62"}})", R"({"ports": {"a": {"attack_limit": 5}}})",
           R"({"security": {"view": {"password": "x"}}})",
           R"({"triggers": {"8": {"address": "", "enabled": true}}})",
+          R"({"triggers": {"4": {"enabled": true}}})",
           R"({"privileges": {"relay": {"a": {"write_other_privileges": true,
              "read_other_privileges": false}}}})"}) {
         const ApplyReport report = ApplyTo(Values(settings));
