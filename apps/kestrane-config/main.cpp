@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <csignal>
 #include <cstdlib>
+#include <map>
 
 #include "common/program.h"
 #include "console/console.h"
@@ -44,12 +45,23 @@ void OnQtMessage(QtMsgType type, const QMessageLogContext&, const QString& messa
     if (type == QtCriticalMsg) complain(message.toStdString());
 }
 
-std::optional<int> Parse(int argc, char** argv, CallOptions& options, bool& console) {
+struct WindowOptions {
+    bool console = false;
+    Look look = Look::kSystem;
+};
+
+std::optional<int> Parse(int argc, char** argv, CallOptions& options, WindowOptions& windows) {
     CLI::App app("Configures a Kestrane MDU.", "kestrane-config");
     app.set_version_flag("--version", std::string("kestrane-config ") + KESTRANE_VERSION);
     options.AddTo(app);
-    app.add_flag("--console", console,
+    app.add_flag("--console", windows.console,
                  "Take commands from standard input, as kestrane-cli console does");
+    const std::map<std::string, Look> looks = {
+        {"system", Look::kSystem}, {"light", Look::kLight}, {"dark", Look::kDark}};
+    app.add_option_function<std::string>(
+           "--look", [&windows, looks](const std::string& word) { windows.look = looks.at(word); },
+           "light, dark or system: as the desktop is (system)")
+        ->check(CLI::IsMember({"light", "dark", "system"}));
     return ParseCommandLine(app, argc, argv, options, complain);
 }
 
@@ -113,14 +125,14 @@ int main(int argc, char** argv) {
     OpenStandardDescriptors();
     std::signal(SIGPIPE, SIG_IGN);
     CallOptions options;
-    bool console = false;
-    if (const auto status = Parse(argc, argv, options, console)) return *status;
+    WindowOptions windows;
+    if (const auto status = Parse(argc, argv, options, windows)) return *status;
     if (!DisplayIsNamed()) {
         complain(kNoDisplay);
         return kExitUnit;
     }
     qInstallMessageHandler(OnQtMessage);
     QApplication application(argc, argv);
-    ApplyLook(Look::kSystem);
-    return Run(options, console);
+    ApplyLook(windows.look);
+    return Run(options, windows.console);
 }

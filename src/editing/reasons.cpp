@@ -33,16 +33,20 @@ int PageOf(const Control& control) {
     return -1;
 }
 
-// The last thing that was tried on this page and on this connection, if it was not a success.
-const OperationRecord* LastFailure(Tool& tool, int page) {
+// The last thing that was tried on this page and on this connection.
+const OperationRecord* LastOn(Tool& tool, int page) {
     const auto& operations = tool.link.journal().operations();
     for (auto at = operations.rbegin(); at != operations.rend(); ++at) {
         if (at->connection != tool.link.connection()) break;
         const std::string_view tab = TabOfOperation(at->name);
-        if (tab.empty() || PageOfTab(tab) != page) continue;
-        return at->end == OperationRecord::End::kStopped ? &*at : nullptr;
+        if (!tab.empty() && PageOfTab(tab) == page) return &*at;
     }
     return nullptr;
+}
+
+const OperationRecord* LastFailure(Tool& tool, int page) {
+    const OperationRecord* const last = LastOn(tool, page);
+    return last && last->end == OperationRecord::End::kStopped ? last : nullptr;
 }
 
 const OperationRecord* Running(Tool& tool) {
@@ -102,6 +106,7 @@ std::string WhyDisabled(Tool& tool, const Control& control) {
         return AfterFailure(tool, *failed);
     }
     if (!control.Enabled() && *WhyClosed(control)) return WhyClosed(control);
+    if (LastOn(tool, page)) return "Leaving a tab has closed it: read it again to edit";
     return page > 0 ? "Read this tab first" : "Read the network settings first";
 }
 

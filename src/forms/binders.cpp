@@ -19,10 +19,14 @@ LabelBinder::LabelBinder(Mirror& mirror, Label& label, QLabel& view)
     view.setTextFormat(Qt::PlainText);
 }
 
+// A number that comes with a blank for its sign stands in its column without.
 void LabelBinder::SyncKind() {
     if (shown_ == label_.Caption()) return;
     shown_ = label_.Caption();
-    view_.setText(ToQtLines(shown_));
+    const QString text = ToQtLines(shown_);
+    bool number = false;
+    text.toLongLong(&number);
+    view_.setText(number ? text.trimmed() : text);
 }
 
 bool LabelBinder::eventFilter(QObject* watched, QEvent* event) {

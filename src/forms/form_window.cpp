@@ -97,6 +97,15 @@ void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
+// A key that is a shortcut never comes as a key, but it is announced.
+bool FormWindow::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<const QKeyEvent*>(event)->key() != Qt::Key_Control) {
+        ctrl_alone_ = false;
+    }
+    return QWidget::event(event);
+}
+
 // The native window sees each key and button first, whatever widget takes it in the end.
 void FormWindow::showEvent(QShowEvent* event) {
     windowHandle()->removeEventFilter(this);

@@ -29,6 +29,7 @@ class FormWindow : public QWidget {
     // Title, pointer; the form's other properties are for the derived window.
     virtual void FormChanged();
 
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;

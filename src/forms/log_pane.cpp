@@ -11,6 +11,7 @@
 
 #include "forms/look/spacing.h"
 #include "forms/message_strip.h"
+#include "forms/mirror.h"
 
 namespace kestrane {
 
@@ -44,6 +45,7 @@ LogPane::LogPane(Workbench& bench)
     text_->setAccessibleName(QStringLiteral("Log"));
     text_->setMinimumHeight(5 * fontMetrics().lineSpacing());
     column->addWidget(text_, 1);
+    filter_->setProperty(kKeepsKeyboard, true);
     QObject::connect(filter_, &QLineEdit::textChanged, this, [this] { Rebuild(); });
     QObject::connect(secrets_, &QCheckBox::toggled, this, [this] { Rebuild(); });
     QObject::connect(copy, &QPushButton::clicked, this,

@@ -167,7 +167,7 @@ QTabWidget* MainWindow::MakeTabs() {
 
 QLayout* MainWindow::StatusRow() {
     auto* row = Row();
-    QLabel* socket = mirror_.Make(form_.lblNotLoggedIn);
+    QLabel* socket = KeepReadable(mirror_.Make(form_.lblNotLoggedIn));
     ReserveWidth(socket, "Socket connection pending");
     strip_ = new MessageStrip(bench_);
     connect(strip_->changes(), &QToolButton::clicked, this, [this] { Review(); });

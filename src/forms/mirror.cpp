@@ -137,20 +137,19 @@ void Mirror::SyncLabels() {
     }
 }
 
-// What the window has beside its controls, such as a filter, and has the keyboard.
-bool Mirror::FocusElsewhere() const {
+bool Mirror::TypingElsewhere() const {
     if (binders_.empty()) return false;
     const QWidget* const focused = binders_.begin()->second->widget().window()->focusWidget();
-    return focused && focused->isEnabled() && !form_.Find(focused->objectName().toStdString());
+    return focused && focused->isEnabled() && focused->property(kKeepsKeyboard).toBool();
 }
 
-// While the operator is on the way to a control the model's focus waits, and while it stays where
-// it was it takes the keyboard from nothing that is no control.
+// While the operator is on the way to a control the model's focus waits, and as long as it stays
+// where it was it takes the keyboard from no box beside the form.
 void Mirror::SyncFocus() {
     if (pending_focus_) return;
     focus_dirty_ = false;
     Control* const wanted = form_.Focused();
-    if (std::exchange(shown_focus_, wanted) == wanted && FocusElsewhere()) return;
+    if (std::exchange(shown_focus_, wanted) == wanted && TypingElsewhere()) return;
     QWidget* const widget = wanted ? WidgetOf(*wanted) : nullptr;
     if (widget) {
         if (!HasFocus(*widget)) widget->setFocus(Qt::OtherFocusReason);

@@ -52,6 +52,9 @@ struct ViewOf<Image> : ViewPair<FuseView, PlainBinder> {};
 template <>
 struct ViewOf<Shape> : ViewPair<RowView, ShapeBinder> {};
 
+// The property of a box that is the view's own: the form's focus leaves it the keyboard.
+inline constexpr char kKeepsKeyboard[] = "keepsKeyboard";
+
 class Mirror {
   public:
     Mirror(Form& form, Hand& hand, WhyDisabledFunction why_disabled);
@@ -136,7 +139,7 @@ class Mirror {
     void Adopt(QWidget& widget, Binder& binder);
     void ScheduleRefresh();
     void GoTo(Control& control);
-    bool FocusElsewhere() const;
+    bool TypingElsewhere() const;
     void SyncFocus();
     void SyncLabels();
 

@@ -2,11 +2,14 @@
 
 #include <QKeyEvent>
 
+#include "forms/mirror.h"
+
 namespace kestrane {
 
 SourceBox::SourceBox(std::function<void(const QString&)> enter) : enter_(std::move(enter)) {
     setPlaceholderText(QStringLiteral("or type a line of source, such as OFF 6 1"));
     setObjectName(QStringLiteral("sourceLine"));
+    setProperty(kKeepsKeyboard, true);
     setAccessibleName(QStringLiteral("Line of source"));
     setToolTip(
         QStringLiteral("Enter puts the line at the cursor, which goes on to the next (Ctrl+L)"));

@@ -61,9 +61,24 @@ TEST(PendingChanges, LeaveTheBlocksThatAWriteDidNotReach) {
     it.peer.line().DropNext();
     it.Click(it.form.names.cmdWriteChannelNames);
     EXPECT_THAT(it.Last().text, HasSubstr("no answer"));
-    EXPECT_THAT(it.Last().text, HasSubstr("Blocks 1 to 6 of 16 were written before; one more was sent"));
+    EXPECT_THAT(it.Last().text,
+                HasSubstr("Blocks 1 to 6 of 16 were written before; one more was sent"));
     EXPECT_THAT(it.Changes(), Not(HasSubstr("First")));
     EXPECT_THAT(it.Changes(), HasSubstr("names.outlet.14.upper"));
+}
+
+TEST(Reasons, SayWhetherATabWasNotReadOrWasLeft) {
+    Bench it;
+    it.ReadSettings();
+    TextBox& name = it.form.names.txtOutUpper(0);
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 3), std::nullopt);
+    EXPECT_EQ(WhyDisabled(it.tool, name), "Read this tab first");
+    it.Click(it.form.names.cmdReadChannelNames);
+    EXPECT_TRUE(name.Usable());
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 4), std::nullopt);
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 3), std::nullopt);
+    EXPECT_FALSE(name.Usable());
+    EXPECT_EQ(WhyDisabled(it.tool, name), "Leaving a tab has closed it: read it again to edit");
 }
 
 // The refresh brings live values after the read: what it shows is no change, and can't be undone.
@@ -296,7 +311,8 @@ TEST(Outcome, TellsTheTruthForEveryEnd) {
         {End::kRefused, OperationEnd::kStopped, 0, MessageKind::kWarning,
          "Write Channel Names: denied on port C by its privileges. Nothing was written."},
         {End::kRefused, OperationEnd::kStopped, 1, MessageKind::kWarning,
-         "Write Channel Names: denied on port C by its privileges. Block 1 of 16 was written before."},
+         "Write Channel Names: denied on port C by its privileges. Block 1 of 16 was written "
+         "before."},
         {End::kNoAnswer, OperationEnd::kStopped, 2, MessageKind::kFault,
          "Write Channel Names: no answer from 10.0.0.7:1243 in 3 s. Blocks 1 to 2 of 16 were "
          "written before; one more was sent and its answer did not come. Disconnect and connect "

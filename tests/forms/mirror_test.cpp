@@ -282,11 +282,15 @@ TEST_F(MirrorTest, CtrlAloneShowsAndHidesTheDiagnostics) {
     press_alone();
     EXPECT_EQ(form().Height(), MainForm::kTallHeight);
     EXPECT_TRUE(View(form().Label2).isVisible());
-    QTest::keyPress(window, Qt::Key_Control);
-    QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
-    QTest::keyRelease(window, Qt::Key_Control);
-    Settle();
-    EXPECT_TRUE(View(form().Label2).isVisible());
+    // The second is a shortcut, which no window sees as a key.
+    for (const Qt::Key key : {Qt::Key_C, Qt::Key_Z}) {
+        QTest::keyPress(window, Qt::Key_Control);
+        QTest::keyPress(window, key, Qt::ControlModifier);
+        QTest::keyRelease(window, Qt::Key_Control);
+        QTest::keyRelease(window, key);
+        Settle();
+        EXPECT_TRUE(View(form().Label2).isVisible());
+    }
     View(form().Label2).setFocus();
     press_alone();
     EXPECT_FALSE(View(form().Label2).isVisible());
