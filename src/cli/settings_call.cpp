@@ -30,21 +30,26 @@ std::vector<std::string> Flags(const Setting& setting) {
     return flags;
 }
 
-Json AsJson(const Setting& setting) {
-    Json row = {{"key", setting.key},
-                {"control", setting.control},
-                {"tab", setting.tab},
-                {"kind", KindInWords(setting)}};
+Json LimitsAsJson(const Setting& setting) {
+    Json limits = Json::object();
     if (setting.kind == SettingKind::kNumber) {
-        row["least"] = setting.least;
-        row["most"] = setting.most;
-        if (setting.step != 1) row["step"] = setting.step;
+        limits["least"] = setting.least;
+        limits["most"] = setting.most;
+        if (setting.step != 1) limits["step"] = setting.step;
     }
-    if (setting.max_length > 0) row["max_length"] = setting.max_length;
-    if (!setting.choices.empty()) row["choices"] = setting.choices;
-    row["flags"] = Flags(setting);
-    row["doc"] = setting.doc;
-    return row;
+    if (setting.max_length > 0) limits["max_length"] = setting.max_length;
+    if (!setting.choices.empty()) limits["choices"] = setting.choices;
+    return limits;
+}
+
+Json AsJson(const Setting& setting) {
+    return {{"key", setting.key},
+            {"control", setting.control},
+            {"tab", setting.tab},
+            {"kind", KindInWords(setting)},
+            {"limits", LimitsAsJson(setting)},
+            {"flags", Flags(setting)},
+            {"doc", setting.doc}};
 }
 
 std::string AsLine(const Setting& setting) {
