@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "bars.h"
 #include "programs.h"
@@ -54,15 +55,20 @@ bool Command(QProcess& console, const char* line) {
     return false;
 }
 
-// The share of a core, in percent, that a program takes connected, read and left alone.
-double IdleShare(const UnitProcess& unit, const QString& program, const QStringList& words) {
+// The share of a core, in percent, that a program takes connected and read, and then left alone
+// after `lines`.
+double ShareAfter(const UnitProcess& unit, const QString& program, const QStringList& words,
+                  const std::vector<const char*>& lines) {
     QProcess console;
     console.start(ProgramPath(program),
                   words + QStringList{"--unit", unit.address(), "--timeout", "3"});
-    if (!Command(console, "click cmdConnect") ||
-        !Command(console, "wait cmdReadNetworkSettings.enabled true") ||
-        !Command(console, "click cmdReadNetworkSettings") || !Command(console, "sleep 2000")) {
-        return 1e9;
+    std::vector<const char*> script = {"click cmdConnect",
+                                       "wait cmdReadNetworkSettings.enabled true",
+                                       "click cmdReadNetworkSettings"};
+    script.insert(script.end(), lines.begin(), lines.end());
+    script.push_back("sleep 2000");
+    for (const char* line : script) {
+        if (!Command(console, line)) return 1e9;
     }
     constexpr double kSeconds = 15;
     const double before = CpuSecondsOf(console.processId());
@@ -91,8 +97,21 @@ int main(int argc, char** argv) {
     check("backup", "s", 2.5, SecondsOfCall(unit, {"backup", file}));
     check("diff of two files", "s", 0.02, SecondsOfCall(unit, {"diff", file, file}));
     check("console, connected and idle", "% of a core", 0.6,
-          IdleShare(unit, "kestrane-cli", {"console"}));
+          ShareAfter(unit, "kestrane-cli", {"console"}, {}));
     check("windows, connected and idle", "% of a core", 0.7,
-          IdleShare(unit, "kestrane-config", {"--console"}));
+          ShareAfter(unit, "kestrane-config", {"--console"}, {}));
+    // A loop of many lines, so that the pointer moves with each poll.
+    const QString loop = folder.filePath("loop.txt");
+    std::ofstream source(loop.toStdString());
+    source << "again:\n";
+    for (int i = 0; i < 20; ++i) source << "wait 0.3\n";
+    source << "goto again\n";
+    source.close();
+    if (SecondsOfCall(unit, {"macro", "upload", loop}) == 1e9) return 1;
+    check("windows, trace of a running macro", "% of a core", 1.5,
+          ShareAfter(
+              unit, "kestrane-config", {"--console"},
+              {"choose SSTab1 4", "click cmdEditMacro", "wait frmScriptEdit.cmdGoTo.enabled true",
+               "click frmScriptEdit.chkTrace", "click frmScriptEdit.cmdGoTo"}));
     return good ? 0 : 1;
 }

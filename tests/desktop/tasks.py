@@ -6,6 +6,7 @@ Usage: tasks.py BINARIES. Each task starts a unit and a tool of its own.
 
 import pathlib
 import re
+import signal
 import sys
 
 from desktop import Desktop
@@ -213,12 +214,18 @@ def all_tasks():
     yield "undo by keyboard", undo_by_keyboard
 
 
+def too_long(_signal, frame):
+    raise TimeoutError(f"nothing more happens at {frame.f_code.co_name}, line {frame.f_lineno}")
+
+
 def main():
     failed = 0
+    signal.signal(signal.SIGALRM, too_long)
     for name, task in all_tasks():
         if len(sys.argv) > 2 and sys.argv[2] not in name:
             continue
         desktop = Desktop(sys.argv[1])
+        signal.alarm(120)
         try:
             task(desktop)
             assert desktop.presses <= MOST[name], f"{desktop.presses} presses"
@@ -227,6 +234,7 @@ def main():
             failed += 1
             print(f"FAILED  {name}: {type(problem).__name__}: {problem}")
         finally:
+            signal.alarm(0)
             desktop.close()
     return 1 if failed else 0
 
