@@ -2,49 +2,18 @@
 
 #include "cli/macro_call.h"
 
-#include <CLI/CLI.hpp>
 #include <fstream>
 
+#include "cli/call_test_support.h"
 #include "cli/macro_options.h"
-#include "console/console_test_support.h"
 #include "macro/macro_file.h"
-#include "text/text.h"
 
 namespace kestrane {
 namespace {
 
-using Words = std::vector<std::string>;
-
-class MacroCallTest : public testing::Test, protected ScriptedTool {
+class MacroCallTest : public CallTest {
   protected:
-    int Run(Words words) {
-        CLI::App app;
-        CallOptions options;
-        options.AddTo(app);
-        const auto call = MakeMacroCall();
-        call->AddTo(app);
-        std::reverse(words.begin(), words.end());  // as CLI11 takes them
-        try {
-            app.parse(words);
-        } catch (const CLI::ParseError&) {
-            return -1;
-        }
-        if (const std::string problem = call->Check(tool); !problem.empty()) {
-            complaints.push_back(problem);
-            return kExitUsage;
-        }
-        CallContext context{tool,
-                            scripted,
-                            options,
-                            [this](const std::string& line) { printed.push_back(line); },
-                            [this](const std::string& line) { complaints.push_back(line); },
-                            {}};
-        try {
-            return call->Run(context);
-        } catch (const ProgramEnded& ended) {
-            return ended.status;
-        }
-    }
+    int Run(Words words) { return CallTest::Run(MakeMacroCall(), std::move(words)); }
     void WriteFile(const std::string& content) { world.disk.files[file] = content; }
     // A standard file with these two bytes at each address.
     static std::string FileOf(std::uint8_t opcode, std::uint8_t second) {
@@ -60,9 +29,6 @@ class MacroCallTest : public testing::Test, protected ScriptedTool {
     std::string UnitProgram() { return peer.unit().Relay().Read(0x20, 224); }
 
     const std::string file = "program.sms";
-    UnitPeer peer{world.tcpsend, world.time};
-    Words printed;
-    Words complaints;
 };
 
 TEST_F(MacroCallTest, ListsAProgramForATypeOfUnit) {
@@ -157,12 +123,10 @@ TEST_F(MacroCallTest, SimulatesAndSaysWhatAValueIsNot) {
                                {"--trigger", "1"},
                                {"--trigger", "9"},
                                {"--for", "1.2345"},
-                               {"--for", ""},
                                {"--event", "1 switch on"},
                                {"--event", "1: gpi 5 low"},
                                {"--outlets", "1 3"},
                                {"--outlets", "on 15"},
-                               {"--outlets", ""},
                                {"--type", "x"}}) {
         Words words{"simulate", file};
         words.insert(words.end(), wrong.begin(), wrong.end());

@@ -1,14 +1,11 @@
 // The engine against the demo unit on virtual time: what it writes, what it says of it, and that
 // both agree whatever happens to the line.
 
-#include "configuration/backup.h"
 #include "configuration/engine.h"
-
-#include <gtest/gtest.h>
 
 #include <limits>
 
-#include "support/tool_on_line.h"
+#include "configuration_test_support.h"
 #include "unit/state.h"
 
 namespace kestrane {
@@ -16,37 +13,12 @@ namespace {
 
 using Result = ApplyReport::Result;
 
-struct EngineTest : ::testing::Test, ToolOnUnit {
-    EngineTest() {
-        form.txtCurrentIPAddress.SetText("127.0.0.1");
-        world.loop.set_event_limit(100'000'000);
-    }
-
+struct EngineTest : ::testing::Test, ConfiguredUnit {
     static SettingValues Values(const std::string& settings) {
         const auto text = ReadConfiguration(
             R"({"format": "kestrane-configuration", "version": 1, "settings": )" + settings + "}");
         for (const FileFault& fault : text.faults) ADD_FAILURE() << fault.Line("f");
         return text.values;
-    }
-    ApplyReport ApplyTo(const SettingValues& wanted, ApplyRequest request = {}) {
-        UnitSession unit(tool, std::chrono::milliseconds(300));
-        request.wanted = wanted;
-        request.filter.identity = request.filter.live = true;
-        ApplyReport report = kestrane::Apply(unit, request);
-        unit.Disconnect();
-        return report;
-    }
-    Backup ReadAll() {
-        UnitSession unit(tool);
-        Backup backup = ReadBackup(unit, true);
-        unit.Disconnect();
-        EXPECT_EQ(backup.error, "");
-        return backup;
-    }
-    int Writes() const {
-        int writes = 0;
-        for (const Exchange& exchange : tool.link.journal().exchanges()) writes += exchange.IsWrite();
-        return writes;
     }
     static std::string States(const ApplyReport& report) {
         std::string states;
@@ -154,11 +126,8 @@ class FaultyPeer : public Peer {
         if (--left_ >= 0 || left_ < -1) return unit_.OnBytes(bytes);
         ReplyLine& line = unit_.line();
         switch (fault_) {
-            case Fault::kRefuse: {
-                std::string text = std::string(bytes.substr(2, 2)) + '\x16';
-                AddEscapesAndChecksum(text);
-                return line.Send(FrameOf(text));
-            }
+            case Fault::kRefuse:
+                return line.Send(Framed(std::string(bytes.substr(2, 2)) + '\x16'));
             case Fault::kIgnore:
                 return;
             case Fault::kLoseReply:

@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
-#include <random>
 
 #include "configuration/schema.h"
+#include "configuration_test_support.h"
 
 namespace kestrane {
 namespace {
@@ -103,49 +103,16 @@ TEST(ConfigurationFile, RefusesWhatTogetherCouldNotBeReadBack) {
     EXPECT_EQ(faults(off + R"(, "repeat": "1 minute")"), 0u) << "the unit may have it on";
 }
 
-// A value of this kind that a unit can hold.
-SettingValue Random(const Setting& setting, std::mt19937& random) {
-    const auto below = [&](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit));
-    };
-    switch (setting.kind) {
-        case SettingKind::kSwitch:
-            return below(2) == 1;
-        case SettingKind::kNumber: {
-            const long value =
-                below(static_cast<int>(setting.most / setting.step) + 1) * setting.step;
-            return CheckValue(setting, value) ? 0L : value;
-        }
-        case SettingKind::kChoice:
-            return setting
-                .choices[static_cast<std::size_t>(below(static_cast<int>(setting.choices.size())))];
-        case SettingKind::kQuad:
-            return std::to_string(below(256)) + ".2.3." + std::to_string(below(256));
-        case SettingKind::kHexKey:
-            return std::string(32, "0123456789ABCDEF"[below(16)]);
-        case SettingKind::kHexByte:
-            return std::string(2, "123456789ABCDEF"[below(15)]);
-        case SettingKind::kMacroLine:
-            return std::string("C6 0") + "0123"[below(4)];
-        case SettingKind::kText:
-            break;
-    }
-    std::string text;
-    for (int i = below(setting.max_length + 1); i > 0; --i) {
-        text.push_back(static_cast<char>("Az\"\\/-\x9B\xE4\xFF"[below(9)]));
-        if (CheckValue(setting, text)) text.pop_back();
-    }
-    return text;
-}
-
 TEST(ConfigurationFile, WhatIsWrittenComesBackTheSame) {
-    std::mt19937 random(1);
+    Dice dice(1);
     const auto schema = nlohmann::json::parse(ConfigurationSchema());
     EXPECT_EQ(schema["properties"]["settings"]["properties"]["macro"]["properties"].size(), 112u);
     for (int round = 0; round < 50; ++round) {
         SettingValues values;
         for (const Setting& setting : Settings()) {
-            if (!setting.read_only && random() % 3) values[&setting] = Random(setting, random);
+            if (!setting.read_only && dice.Below(3) > 0) {
+                values[&setting] = RandomValue(setting, dice, kOdd);
+            }
         }
         const auto text =
             ReadConfiguration(WriteConfiguration({"KMD", "1", "", "\xFF"}, values, {}));

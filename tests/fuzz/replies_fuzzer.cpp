@@ -8,8 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "link/frame.h"
-#include "support/scripted_peer.h"
+#include "support/memory_peer.h"
 #include "support/virtual_platform.h"
 #include "tool/tool.h"
 
@@ -31,12 +30,7 @@ class Replies {
         const std::string_view data = left_.substr(1, length % 32u);
         left_.remove_prefix(1 + data.size());
         if (length >= 0xE0 || question.size() < 6) return std::string(data);
-        std::string text(question.substr(2, question.size() - 4));
-        RemoveEscapes(text);
-        text.pop_back();  // the checksum
-        text += data;
-        AddEscapesAndChecksum(text);
-        return FrameOf(text);
+        return Framed(TextOfFrame(question) + std::string(data));
     }
 
   private:

@@ -50,9 +50,7 @@ TEST_F(Connection, AWaitOutlivesItsConnectionAndSendsNothingOnTheNext) {
             // Nothing but an exchange of the new connection ends it.
             depth_without_exchange = world.loop.pump_depth();
             frames_before = world.tcpsend.frames().size();
-            std::string reply = command + std::string(16, 'x');
-            AddEscapesAndChecksum(reply);
-            peer.Reply(FrameOf(reply));
+            peer.Reply(Framed(command + std::string(16, 'x')));
             const Link::Operation operation(tool.link, "Test");
             accepted = tool.link.Command(command);
         });

@@ -12,11 +12,6 @@ namespace {
 using End = Exchange::End;
 using Done = OperationRecord::End;
 
-std::string Framed(std::string text) {
-    AddEscapesAndChecksum(text);
-    return FrameOf(text);
-}
-
 struct JournalTest : ::testing::Test, ToolOnScript {
     const std::string read = ReadCommand(0xFA, 0x0020);
     const std::string data = std::string(15, 'A') + "\x10";

@@ -16,10 +16,6 @@ struct SendCommand : ::testing::Test, ToolOnScript {
         const Link::Operation operation(tool.link, "Test");
         return tool.link.Command(command);
     }
-    static std::string Framed(std::string text) {
-        AddEscapesAndChecksum(text);
-        return FrameOf(text);
-    }
     // The reply of a unit: the echo, then data.
     static std::string Echo(const std::string& command, const std::string& data = {}) {
         return Framed(command + data);

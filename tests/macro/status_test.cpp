@@ -50,9 +50,7 @@ TEST(StatusPicture, ShowsALightForEachPosition) {
 }
 
 std::string StatusReply(const std::string& record) {
-    std::string text = Bytes({250, kReadLiveStatus}) + record;
-    AddEscapesAndChecksum(text);
-    return FrameOf(text);
+    return Framed(Bytes({250, kReadLiveStatus}) + record);
 }
 
 TEST(StatusPicture, TakesTheRecordBetweenEchoAndChecksum) {
@@ -83,11 +81,7 @@ class Status : public testing::Test, public OpenEditor<ToolOnScript> {
             if (silent) return std::string();
             if (ByteAt(frame, 4) == kReadLiveStatus) return StatusReply(record);
             // Memory reads all give 0x11.
-            std::string text(frame.substr(2, frame.size() - 5));
-            RemoveEscapes(text);
-            text += std::string(16, '\x11');
-            AddEscapesAndChecksum(text);
-            return FrameOf(text);
+            return Framed(TextOfFrame(frame) + std::string(16, '\x11'));
         });
         form.triggers.txtMTName(0).SetText("a");
         form.names.txtMainUpper.SetText("b");

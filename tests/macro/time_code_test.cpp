@@ -60,23 +60,6 @@ TEST(TimeCode, RefusesNegativeNumbers) {
     }
 }
 
-// The staged rule once more, in whole tenths of a second.
-int CodeOfTenths(int tenths) {
-    if (tenths <= 63) return tenths;
-    int seconds = (tenths + 5) / 10;
-    if (seconds <= 63) return 64 + seconds;
-    int tens = (seconds + 5) / 10;
-    if (tens <= 63) return 128 + tens;
-    return 192 + (tens + 5) / 10;
-}
-
-TEST(TimeCode, EveryTenthOfASecondUpTo6300) {
-    for (int tenths = 0; tenths <= 63000; ++tenths) {
-        const std::string text = std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
-        ASSERT_EQ(TimeCode(text), CodeOfTenths(tenths)) << text;
-    }
-}
-
 TEST(TimeCode, EveryShownTextIsHeldExactly) {
     for (int code = 0; code < 256; ++code) {
         const std::string text = TimeText(static_cast<std::uint8_t>(code));

@@ -29,18 +29,7 @@ class MacroTransfer : public testing::Test, public EditorOnUnit {
     std::minstd_rand random_;
 };
 
-TEST_F(MacroTransfer, BringsEveryImageDownWhole) {
-    InEditor([&] {
-        for (const auto& image : Images()) {
-            FillUnit(image);
-            FillEditor([] { return 0x77; });
-            Click(editor.cmdDownload);
-            EXPECT_EQ(HexText(EditorProgram()), HexText(UnitProgram()));
-        }
-    });
-}
-
-TEST_F(MacroTransfer, TakesEveryImageUpWithoutALastOperand) {
+TEST_F(MacroTransfer, TakesEveryImageUpWithoutALastOperandAndDownWhole) {
     InEditor([&] {
         for (const auto& image : Images()) {
             FillEditor(image);
@@ -51,6 +40,10 @@ TEST_F(MacroTransfer, TakesEveryImageUpWithoutALastOperand) {
             EXPECT_EQ(HexText(UnitProgram()), HexText(expected));
             EXPECT_EQ(HexText(EditorProgram()), HexText(expected));
             EXPECT_FALSE(session.MacroChanged);
+            peer.unit().Relay().Set(0xFF, 0x10);
+            FillEditor([] { return 0x77; });
+            Click(editor.cmdDownload);
+            EXPECT_EQ(HexText(EditorProgram()), HexText(UnitProgram()));
         }
     });
 }

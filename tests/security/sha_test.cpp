@@ -91,18 +91,6 @@ TEST(ShaAlgorithm, RunsAnyStrategy) {
     EXPECT_EQ(algorithm.Run(message, CountingStrategy()), "155,12,16");
 }
 
-TEST(ShaAlgorithm, PaddedWords) {
-    SHAAlgorithm algorithm;
-    EXPECT_EQ(algorithm.ConvertToWordArray(std::vector<std::uint8_t>(55)).size(), 16u);
-    EXPECT_EQ(algorithm.ConvertToWordArray(std::vector<std::uint8_t>(56)).size(), 32u);
-    const std::uint8_t message[] = {0x01, 0x02, 0x03, 0x04, 0xFF};
-    const auto words = algorithm.ConvertToWordArray(message);
-    EXPECT_EQ(words[0], 0x01020304u);
-    EXPECT_EQ(words[1], 0xFF800000u);
-    EXPECT_EQ(words[14], 0u);
-    EXPECT_EQ(words[15], 40u);
-}
-
 TEST(ModCommon, ShiftsAndRotationsAtTheirEdges) {
     using namespace modCommon;
     EXPECT_EQ(LShift(0x80000001, 0), 0x80000001u);

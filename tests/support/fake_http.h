@@ -34,7 +34,6 @@ class FakeHttp : public HttpReader {
     void Fail(int error_number, std::string description, Milliseconds delay = Milliseconds{0});
 
     bool busy() const { return busy_; }
-    int cancels() const { return cancels_; }
     const std::vector<Request>& requests() const { return requests_; }
 
   private:
@@ -44,7 +43,6 @@ class FakeHttp : public HttpReader {
     VirtualTime& time_;
     Events events_;
     bool busy_ = false;
-    int cancels_ = 0;
     std::vector<Request> requests_;
 };
 

@@ -6,7 +6,7 @@
 namespace kestrane {
 
 void FakeSocket::Connect(const std::string& host, int port) {
-    Reset();
+    Close();
     ++connection_;
     host_ = host;
     port_ = port;
@@ -30,12 +30,6 @@ void FakeSocket::AnswerConnect() {
 }
 
 void FakeSocket::Close() {
-    const bool had_peer = link_ == SocketState::kConnected;
-    Reset();
-    if (had_peer && peer_) peer_->OnClose();
-}
-
-void FakeSocket::Reset() {
     for (const auto& ticket : pending_) time_.Cancel(ticket);
     pending_.clear();
     last_due_ = time_.Now();
@@ -62,10 +56,7 @@ std::string FakeSocket::Read(std::size_t count) {
 }
 
 void FakeSocket::Send(std::string_view bytes) {
-    if (State() != SocketState::kConnected) {
-        ++dropped_sends_;
-        return;
-    }
+    if (State() != SocketState::kConnected) return;
     frames_.push_back({time_.Now(), connection_, std::string(bytes)});
     if (link_ == SocketState::kConnected && peer_) peer_->OnBytes(bytes);
 }

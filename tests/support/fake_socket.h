@@ -24,8 +24,6 @@ class Peer {
     virtual void OnConnect() {}
     // The bytes of one Send.
     virtual void OnBytes(std::string_view bytes) = 0;
-    // The client dropped the connection.
-    virtual void OnClose() {}
 };
 
 class FakeSocket : public TcpClient {
@@ -73,14 +71,11 @@ class FakeSocket : public TcpClient {
     const std::vector<SentFrame>& frames() const { return frames_; }
     std::vector<std::string> sent() const;
     void ClearSent() { frames_.clear(); }
-    // The Sends that found no connection.
-    int dropped_sends() const { return dropped_sends_; }
 
   private:
     // Runs `action` for the present connection only, behind all that was asked for before.
     void InOrder(Milliseconds delay, VirtualTime::Action action);
     void AnswerConnect();
-    void Reset();
 
     VirtualTime& time_;
     Peer* peer_ = nullptr;
@@ -98,7 +93,6 @@ class FakeSocket : public TcpClient {
     std::size_t read_position_ = 0;
 
     std::vector<SentFrame> frames_;
-    int dropped_sends_ = 0;
 };
 
 }  // namespace kestrane

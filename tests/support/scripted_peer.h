@@ -68,7 +68,6 @@ class ScriptedPeer : public Peer {
     void Reply(std::string reply) { script_.push_back(std::move(reply)); }
     void set_answer(Answer answer) { answer_ = std::move(answer); }
 
-    std::size_t replies_left() const { return script_.size(); }
     ReplyLine& line() { return line_; }
 
     void OnBytes(std::string_view bytes) override;

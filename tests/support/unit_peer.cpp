@@ -1,7 +1,5 @@
 #include "support/unit_peer.h"
 
-#include <algorithm>
-
 namespace kestrane {
 
 UnitPeer::UnitPeer(FakeSocket& socket, VirtualTime& time, const unit::UnitOptions& options)
@@ -10,8 +8,8 @@ UnitPeer::UnitPeer(FakeSocket& socket, VirtualTime& time, const unit::UnitOption
 }
 
 void UnitPeer::OnConnect() {
-    const auto found = std::find(ports_.begin(), ports_.end(), socket_.port());
-    control_port_ = found == ports_.end() ? 1 : static_cast<int>(found - ports_.begin()) + 1;
+    const int port = socket_.port() - 1242;
+    control_port_ = port >= 1 && port <= 3 ? port : 1;
     unit_.ForgetPartialFrame(control_port_);
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
 // The demo unit as the peer of a FakeSocket, on virtual time and without a socket. The port that
-// the client connects to decides which control port it stands at.
+// the client connects to, 1243 to 1245, decides which control port it stands at; any other is A.
 
-#include <array>
 #include <string_view>
 
 #include "support/fake_socket.h"
@@ -21,9 +20,6 @@ class UnitPeer : public Peer {
     UnitPeer(const UnitPeer&) = delete;
     UnitPeer& operator=(const UnitPeer&) = delete;
 
-    // The TCP ports of the control ports A, B and C. A connection to any other port is one to A.
-    void set_ports(const std::array<int, 3>& ports) { ports_ = ports; }
-
     unit::Unit& unit() { return unit_; }
     ReplyLine& line() { return line_; }
     // 1 to 3 for the connection under way or the last one.
@@ -37,7 +33,6 @@ class UnitPeer : public Peer {
     VirtualTime& time_;
     ReplyLine line_;
     unit::Unit unit_;
-    std::array<int, 3> ports_{1243, 1244, 1245};
     int control_port_ = 1;
 };
 

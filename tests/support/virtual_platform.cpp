@@ -56,7 +56,7 @@ class Nesting {
 void VirtualLoop::Pump() {
     Nesting nesting(depth_);
     max_depth_ = std::max(max_depth_, depth_);
-    if (depth_ > depth_limit_) throw LimitReached("waits are nested too deep");
+    if (depth_ > 500) throw LimitReached("waits are nested too deep");
     if (++events_ > event_limit_) throw LimitReached("too many events: a wait does not end");
     if (!time_.RunNext()) throw NothingLeftToHappen();
     // A real loop handles what has become due meanwhile as well.

@@ -54,11 +54,10 @@ class VirtualLoop : public EventLoop {
     // Pumps running inside pumps: now, and the most there were.
     int pump_depth() const { return depth_; }
     int max_pump_depth() const { return max_depth_; }
-    std::uint64_t events() const { return events_; }
     std::optional<int> exit_status() const { return exit_status_; }
 
-    // Beyond these LimitReached is thrown. The limit of events counts from the present one on.
-    void set_depth_limit(int levels) { depth_limit_ = levels; }
+    // Beyond it LimitReached is thrown, and beyond 500 pumps inside each other. It counts from the
+    // present event on.
     void set_event_limit(std::uint64_t events) { event_limit_ = events_ + events; }
     // How many events a pump handles beyond its first; asked anew at each.
     void set_several(std::function<int()> several) { several_ = std::move(several); }
@@ -69,7 +68,6 @@ class VirtualLoop : public EventLoop {
     std::function<int()> several_;
     int depth_ = 0;
     int max_depth_ = 0;
-    int depth_limit_ = 500;
     std::uint64_t events_ = 0;
     std::uint64_t event_limit_ = 2'000'000;
     std::optional<int> exit_status_;
