@@ -81,6 +81,7 @@ std::optional<int> CheckMany(CommandLine& line) {
         std::string problem = line.chosen->Check(tool);
         faults = line.chosen->FileFaults();
         for (const std::string& fault : faults) WriteLine(stderr, fault);
+        for (const std::string& note : line.chosen->FileNotes()) WriteLine(stderr, note);
         const std::string folder = line.chosen->FolderForUnits();
         if (problem.empty() && faults.empty() && !folder.empty()) {
             const auto why = host.disk.MakeFolder(folder);

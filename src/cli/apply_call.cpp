@@ -161,10 +161,11 @@ class ApplyCall : public WritingCall {
         return CheckWritingOptions(tool.link.platform().disk);
     }
     std::vector<std::string> FileFaults() const override { return files_.faults; }
+    std::vector<std::string> FileNotes() const override { return files_.short_notes; }
 
     int Run(CallContext& context) override {
         for (const std::string& line : files_.faults) context.ErrorLine(line);
-        for (const std::string& line : files_.short_notes) context.ErrorLine(line);
+        for (const std::string& line : FileNotes()) context.ErrorLine(line);
         ApplyReport report;
         if (files_.faults.empty()) {
             ApplyRequest request;

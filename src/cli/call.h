@@ -107,6 +107,8 @@ class Call {
     virtual bool Writes() const { return false; }
     // What Check has found wrong in the files that the call names: lines as they stand.
     virtual std::vector<std::string> FileFaults() const { return {}; }
+    // Likewise, what it passes over in them.
+    virtual std::vector<std::string> FileNotes() const { return {}; }
 };
 
 // What ForUnit gives: a copy that has been told of its unit.

@@ -50,11 +50,17 @@ class DiffCall : public Call {
         return all;
     }
 
+    std::vector<std::string> FileNotes() const override {
+        std::vector<std::string> all;
+        for (const ConfigurationFiles& file : files_) {
+            all.insert(all.end(), file.short_notes.begin(), file.short_notes.end());
+        }
+        return all;
+    }
+
     int Run(CallContext& context) override {
         for (const std::string& line : FileFaults()) context.ErrorLine(line);
-        for (const ConfigurationFiles& file : files_) {
-            for (const std::string& line : file.short_notes) context.ErrorLine(line);
-        }
+        for (const std::string& line : FileNotes()) context.ErrorLine(line);
         if (!FileFaults().empty()) {
             const std::string unit =
                 files_.size() == 2 ? paths_[0] : context.options.Address(context.tool);
