@@ -178,7 +178,7 @@ class Filler {
 
     void View() {
         QMenu* menu = bar_.addMenu(QStringLiteral("&View"));
-        Hand* const hand = &mirror_.hand();
+        Mirror* const mirror = &mirror_;
         MainForm* const main = &form();
         int number = 1;
         for (int page = 0; page < kPages; ++page) {
@@ -186,12 +186,12 @@ class Filler {
                 main->SSTab1.Tabs()[static_cast<std::size_t>(page)].caption;
             Add(menu, QString::fromStdString(caption),
                 QKeySequence(QStringLiteral("Alt+%1").arg(number++)),
-                [hand, main, page] { hand->Choose(main->SSTab1, page); });
+                [mirror, main, page] { mirror->Choose(main->SSTab1, page); });
         }
         menu->addSeparator();
         Add(menu, QStringLiteral("&Log"), Qt::Key_F11, actions_.show_log);
         Add(menu, QStringLiteral("&Diagnostics"), Qt::Key_F12,
-            [hand] { hand->Key(Hand::kCtrlKey); });
+            [mirror] { mirror->hand().Key(Hand::kCtrlKey); });
     }
 
     QMenuBar& bar_;

@@ -104,7 +104,7 @@ void MainWindow::FillMenu() {
     FillMenuBar(
         *menu_, bench_, mirror_,
         {[this] { Review(); }, [this] { log_->setVisible(!log_->isVisible()); },
-         [this] { close(); }, [this](const QString& because) { return MayDiscard(because); }});
+         [this] { close(); }, [this](const QString& because) { return MayDiscardAll(because); }});
 }
 
 // Connect and Disconnect are drawn in here, but don't hang on the frame.
@@ -260,32 +260,42 @@ void MainWindow::ShowProgress() {
 }
 
 // What is sent back to its value by what the operator is about to do.
-QString MainWindow::WouldDiscard(const Control& control) const {
-    if (bench_.pending.Count() == 0) return {};
-    if (&control == &form_.cmdDisconnect) return QStringLiteral("Disconnecting");
-    if (&control == &form_.network.cmdResetEthernet) return QStringLiteral("The reset");
-    if (&control == &form_.network.cmdReadNetworkSettings) return QStringLiteral("Reading again");
+MainWindow::Loss MainWindow::WouldDiscard(const Control& control) const {
+    const int all = static_cast<int>(bench_.pending.Count());
+    if (&control == &form_.cmdDisconnect) return {QStringLiteral("Disconnecting"), all};
+    if (&control == &form_.network.cmdResetEthernet) return {QStringLiteral("The reset"), all};
+    const QString reading = QStringLiteral("Reading again");
+    if (&control == &form_.network.cmdReadNetworkSettings) return {reading, all};
     const int page = form_.SSTab1.Tab();
-    if (&control != ReadButtonOf(form_, page)) return {};
+    const bool leaving = &control == &form_.SSTab1 && page == PageOfTab("changeover");
+    if (!leaving && &control != ReadButtonOf(form_, page)) return {{}, 0};
+    int here = 0;
     for (const PendingChange& change : bench_.pending.List()) {
-        if (PageOfTab(change.setting->tab) == page) return QStringLiteral("Reading again");
+        here += PageOfTab(change.setting->tab) == page ? 1 : 0;
     }
-    return {};
+    return {leaving ? QStringLiteral("Leaving this tab") : reading, here};
 }
 
-bool MainWindow::MayDiscard(const QString& because) {
-    const auto count = bench_.pending.Count();
-    if (count == 0) return true;
-    const QString what =
-        count == 1 ? QStringLiteral("1 change") : QStringLiteral("%1 changes").arg(count);
+bool MainWindow::MayDiscard(const Loss& loss) {
+    if (loss.changes == 0) return true;
+    const QString what = loss.changes == 1 ? QStringLiteral("1 change")
+                                           : QStringLiteral("%1 changes").arg(loss.changes);
     return AskToDiscard(
         this, form_.screen().platform().loop,
-        QStringLiteral("%1 drops %2 not yet written to the unit.").arg(because, what));
+        QStringLiteral("%1 drops %2 not yet written to the unit.").arg(loss.because, what));
+}
+
+bool MainWindow::MayDiscardAll(const QString& because) {
+    return MayDiscard({because, static_cast<int>(bench_.pending.Count())});
 }
 
 void MainWindow::AroundClick(Control& control, const std::function<void()>& click) {
-    const QString because = WouldDiscard(control);
-    if (!because.isEmpty() && !MayDiscard(because)) return;
+    if (const Loss loss = WouldDiscard(control); loss.changes > 0) {
+        // The widget shows the choice already, which is not made yet.
+        mirror_.Changed(control);
+        mirror_.Refresh();
+        if (!MayDiscard(loss)) return;
+    }
     const auto last = bench_.tool.link.journal().last_operation();
     const auto boxes = QApplication::topLevelWidgets().size();
     click();
@@ -296,7 +306,7 @@ void MainWindow::AroundClick(Control& control, const std::function<void()>& clic
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     mirror_.Post([this] {
-        if (MayDiscard(QStringLiteral("Closing"))) mirror_.hand().Close(form_);
+        if (MayDiscardAll(QStringLiteral("Closing"))) mirror_.hand().Close(form_);
     });
 }
 

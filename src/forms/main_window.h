@@ -51,9 +51,16 @@ class MainWindow : public FormWindow {
     void FillMenu();
     void Review();
     void GoToControl(Control& control);
-    // What a click on this control would drop, in words; empty for nothing.
-    QString WouldDiscard(const Control& control) const;
-    bool MayDiscard(const QString& because);
+    // What is dropped, and by what.
+    struct Loss {
+        QString because;
+        int changes = 0;
+    };
+    // By a click on this control, or a choice in it.
+    Loss WouldDiscard(const Control& control) const;
+    // Asks if there is anything to lose.
+    bool MayDiscard(const Loss& loss);
+    bool MayDiscardAll(const QString& because);
     void AroundClick(Control& control, const std::function<void()>& click);
     // Marks at boxes and tabs, the count, header and title; once an event-loop pass.
     void ScheduleMarks();

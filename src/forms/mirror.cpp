@@ -202,7 +202,8 @@ void Mirror::Click(Control& control) {
 void Mirror::Choose(Control& control, int value) {
     const auto choose = [this, &control, value] {
         pending_focus_ = nullptr;
-        hand_.Choose(control, value);
+        const auto work = [&] { hand_.Choose(control, value); };
+        around_click_ ? around_click_(control, work) : work();
         Changed(control);
         FocusChanged();
     };

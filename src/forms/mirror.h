@@ -102,7 +102,7 @@ class Mirror {
     void ForgetColours();
     // A label whose colour says whether the box beside it can be written.
     void PairWithLabel(TextBox& box, Label& label) { labels_[&box] = &label; }
-    // Runs around each click of the operator, and decides whether it happens.
+    // Runs around each click and each choice of the operator, and decides whether it happens.
     void AroundClick(std::function<void(Control&, const std::function<void()>& click)> around) {
         around_click_ = std::move(around);
     }
