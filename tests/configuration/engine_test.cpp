@@ -63,15 +63,6 @@ TEST_F(EngineTest, WritesWhatDiffersReadsItBackAndThenFindsNothingLeft) {
     EXPECT_GT(writes, 0);
 }
 
-TEST_F(EngineTest, ComparesAndTriesWithoutAWrite) {
-    ApplyRequest dry;
-    dry.dry_run = true;
-    const ApplyReport report = ApplyTo(Values(kOnEveryTab), dry);
-    EXPECT_EQ(report.result, Result::kDifferent);
-    EXPECT_EQ(report.CountOf(SettingState::kPlanned), static_cast<int>(report.changes.size()));
-    EXPECT_EQ(Writes(), 0);
-}
-
 TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
     peer.unit().Display().Set(0x023E, 0x80);  // trigger 4: disabled, no address
     peer.unit().Display().Set(0x023F, 0x00);
@@ -87,22 +78,6 @@ TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
         EXPECT_EQ(report.result, Result::kRefused) << settings << report.error;
     }
     EXPECT_EQ(Writes(), 0);
-}
-
-TEST_F(EngineTest, ABackupBringsAUnitBack) {
-    const Backup before = ReadAll();
-    EXPECT_EQ(before.unit.type, "KMD 353TX");
-    ApplyTo(Values(R"({"names": {"outlet": {"3": {"upper": "NAS"}}}, "oled": {"timeout": 70},
-                       "macro": {"40": "01 10"}})"));
-    const Backup changed = ReadAll();
-    EXPECT_NE(changed.values, before.values);
-    const SettingFilter all{{}, {}, true, true};
-    EXPECT_EQ(CompareValues(before.values, changed.values, all).changes.size(), 3u);
-    const std::string file = WriteConfiguration(before.unit, before.values, before.left_out);
-    const auto text = ReadConfiguration(file);
-    EXPECT_EQ(text.faults.size(), 0u);
-    ApplyTo(text.values);
-    EXPECT_EQ(ReadAll().values, before.values);
 }
 
 // The unit, with one fault at one exchange. What the fault lets through is carried out.
@@ -184,8 +159,8 @@ struct FaultTest : EngineTest, ::testing::WithParamInterface<FaultyPeer::Fault> 
                 [&](const SettingChange& other) { return other.setting == change.setting; });
             const bool is_new = found == left.changes.end();
             const bool is_old = !is_new && found->before == change.before;
-            const std::string told = where + change.setting->key + " " +
-                                     StateInWords(change.state) + " " + report.error;
+            const std::string told =
+                where + change.setting->key + " " + StateInWords(change.state) + " " + report.error;
             EXPECT_TRUE(is_new || is_old) << told;
             using State = SettingState;
             if (change.state == State::kVerified || change.state == State::kWritten) {

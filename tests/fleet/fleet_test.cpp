@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <CLI/CLI.hpp>
-#include <QCoreApplication>
 #include <QTimer>
 #include <chrono>
 #include <stdexcept>
@@ -11,6 +10,7 @@
 #include "cli/fleet_run.h"
 #include "cli/report_lines.h"
 #include "host/fiber_services.h"
+#include "support/qt_wait.h"
 #include "unit/unit_server.h"
 
 namespace kestrane {
@@ -135,11 +135,7 @@ class FleetRunTest : public testing::Test {
         run_->Start([this] { over_ = true; });
     }
     void RunToTheEnd() {
-        const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!over_ && std::chrono::steady_clock::now() < limit) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-        }
-        EXPECT_TRUE(over_);
+        EXPECT_TRUE(WaitUntil([this] { return over_; }));
     }
 
     ScriptedCall call_;

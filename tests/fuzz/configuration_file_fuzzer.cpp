@@ -2,20 +2,12 @@
 // was read comes back the same from what is written of it.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "configuration/file.h"
-
-namespace {
+#include "require.h"
 
 using namespace kestrane;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view content(reinterpret_cast<const char*>(data), size);

@@ -2,20 +2,16 @@
 // within its lines, and a program that was read must come back from its own file.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "macro/macro_check.h"
 #include "macro/macro_file.h"
 #include "macro/program_text.h"
+#include "require.h"
 
 namespace {
 
 using namespace kestrane;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
 
 class ImageSink : public MacroFileSink {
   public:

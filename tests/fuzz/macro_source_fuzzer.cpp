@@ -2,7 +2,6 @@
 // come back from its own disassembly, whatever checks and simulation do with it in between.
 
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 #include "macro/assembler.h"
@@ -11,16 +10,9 @@
 #include "macro/macro_file.h"
 #include "macro/program_text.h"
 #include "macro/timeline.h"
-
-namespace {
+#include "require.h"
 
 using namespace kestrane;
-
-void Require(bool condition) {
-    if (!condition) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view source(reinterpret_cast<const char*>(data), size);

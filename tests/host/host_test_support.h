@@ -2,10 +2,13 @@
 
 // Pumping with a guard, and the far end of loopback connections.
 
+#include <gtest/gtest.h>
+
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -27,6 +30,44 @@ inline bool PumpUntil(EventLoop& loop, const std::function<bool()>& condition) {
         loop.Pump();
     }
     return true;
+}
+
+// Timers tick inside their tick, in waits below it too, and may be stopped, started anew or deleted
+// there.
+inline void CheckTimers(EventLoop& loop, TimerService& timers) {
+    using std::chrono::milliseconds;
+    int depth = 0;
+    const auto nested = timers.NewTimer([&] {
+        ++depth;
+        EXPECT_TRUE(PumpUntil(loop, [&] { return depth >= 5; }));
+    });
+    nested->Start(milliseconds(1));
+    EXPECT_TRUE(PumpUntil(loop, [&] { return depth >= 5; }));
+    nested->Stop();
+    int stops = 0;
+    std::unique_ptr<RepeatingTimer> stopped;
+    stopped = timers.NewTimer([&] {
+        ++stops;
+        stopped->Stop();
+    });
+    int restarts = 0;
+    std::unique_ptr<RepeatingTimer> restarted;
+    restarted = timers.NewTimer([&] {
+        ++restarts;
+        restarted->Start(milliseconds(2));
+    });
+    bool deleted = false;
+    std::unique_ptr<RepeatingTimer> deleting;
+    deleting = timers.NewTimer([&, kept = std::string(100, 'x')] {
+        deleting.reset();
+        deleted = kept.size() == 100;
+    });
+    for (RepeatingTimer* timer : {stopped.get(), restarted.get(), deleting.get()}) {
+        timer->Start(milliseconds(1));
+    }
+    EXPECT_TRUE(PumpUntil(loop, [&] { return restarts >= 10 && deleted && stops > 0; }));
+    EXPECT_EQ(stops, 1);
+    EXPECT_LE(depth, 5);
 }
 
 // A server on a free port of 127.0.0.1 that keeps what it accepts and receives.

@@ -117,14 +117,6 @@ TEST_F(Connection, AMegabyteOfGarbageIsTakenAndTheNextConnectWorks) {
     Connect();
 }
 
-TEST_F(Connection, ClosingTheMainFormEndsTheProgramFromWithinAWait) {
-    Connect();
-    After(500, [this] { tool.hand.Close(form); });
-    EXPECT_THROW(tool.hand.Click(network.cmdReadNetworkSettings), ProgramEnded);
-    EXPECT_EQ(world.loop.exit_status(), 0);
-    EXPECT_EQ(world.tcpsend.State(), SocketState::kClosed);
-}
-
 TEST(Models, ByTheTwoTypeCodes) {
     EXPECT_EQ(ModelOf("3D1", "3A9"), "KMD 305TX");
     EXPECT_EQ(ModelOf("3D3", "3A5"), "KMD 358TX");

@@ -25,13 +25,6 @@ TEST(Commands, KeepsLowestAndHighestReadingsUntilReset) {
     EXPECT_EQ(reading(2), reading(0));
 }
 
-TEST(Commands, ResetsTheEthernetWithoutAnAnswer) {
-    Unit unit;
-    EXPECT_EQ(unit.Receive(kPortA, HexPairs("1002FB1F03001D1003"), Milliseconds{5}), "");
-    EXPECT_TRUE(unit.TakeEthernetReset());
-    EXPECT_FALSE(unit.TakeEthernetReset());
-}
-
 TEST(Defaults, TheVersionsPageHasThirteenEntries) {
     const std::string page = VersionsPage();
     EXPECT_EQ(std::count(page.begin(), page.end(), ' '), 12);

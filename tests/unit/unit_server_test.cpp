@@ -3,37 +3,33 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <algorithm>
-#include <functional>
 #include <memory>
 
+#include "support/qt_wait.h"
 #include "unit/defaults.h"
 #include "unit_test_support.h"
 
 namespace kestrane::unit {
 namespace {
 
+// A server that listens.
+struct Listening : UnitServer {
+    explicit Listening(ServerOptions options = {}) : UnitServer(std::move(options)) {
+        EXPECT_EQ(Listen().result, Start::kReady);
+    }
+};
+
 class UnitServerTest : public testing::Test {
   protected:
-    // Handles events until it is so; false after five seconds.
-    static bool Until(const std::function<bool()>& so) {
-        QElapsedTimer clock;
-        clock.start();
-        while (!so()) {
-            if (clock.elapsed() > 5000) return false;
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-        }
-        return true;
-    }
     static void Connect(QTcpSocket& socket, std::uint16_t port) {
         bool connected = false;
         QObject::connect(&socket, &QTcpSocket::connected, &socket, [&] { connected = true; });
         socket.connectToHost("127.0.0.1", port);
-        ASSERT_TRUE(Until([&] { return connected; }));
+        ASSERT_TRUE(WaitUntil([&] { return connected; }));
     }
     // The text of the reply.
     static std::string Exchange(QTcpSocket& socket, std::initializer_list<int> text) {
@@ -41,7 +37,7 @@ class UnitServerTest : public testing::Test {
         socket.write(frame.data(), static_cast<qint64>(frame.size()));
         FrameParser parser;
         std::vector<std::string> replies;
-        Until([&] {
+        WaitUntil([&] {
             replies = parser.Feed(socket.readAll().toStdString());
             return !replies.empty() || socket.state() != QAbstractSocket::ConnectedState;
         });
@@ -58,8 +54,7 @@ TEST_F(UnitServerTest, ServesThreePortsAndStoresTheirNumbers) {
     std::vector<std::string> log;
     ServerOptions options;
     options.log = [&](const std::string& line) { log.push_back(line); };
-    UnitServer server(options);
-    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    Listening server(options);
     QTcpSocket a, another, c;
     Connect(a, server.Ports()[0]);
     Connect(another, server.Ports()[0]);
@@ -78,14 +73,13 @@ TEST_F(UnitServerTest, ServesThreePortsAndStoresTheirNumbers) {
 
 // Each leaves the page to be had, and is closed.
 TEST_F(UnitServerTest, GivesTheVersionsPageWhateverOthersAsk) {
-    UnitServer server{ServerOptions{}};
-    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    Listening server;
     const auto ask = [&](const QByteArray& request) {
         QTcpSocket http;
         Connect(http, server.VersionsPort());
         http.write(request);
         QByteArray answer;
-        EXPECT_TRUE(Until([&] {
+        EXPECT_TRUE(WaitUntil([&] {
             answer += http.readAll();
             return http.state() == QAbstractSocket::UnconnectedState;
         })) << request.left(40).toStdString();
@@ -119,8 +113,7 @@ TEST_F(UnitServerTest, GivesTheVersionsPageWhateverOthersAsk) {
 TEST_F(UnitServerTest, OutlivesMoreConnectionsThanItHolds) {
     ServerOptions options;
     options.most_connections = 4;
-    UnitServer server(options);
-    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    Listening server(options);
     std::vector<std::unique_ptr<QTcpSocket>> sockets(60);
     for (auto& socket : sockets) {
         socket = std::make_unique<QTcpSocket>();
@@ -131,10 +124,10 @@ TEST_F(UnitServerTest, OutlivesMoreConnectionsThanItHolds) {
             return socket->state() == QAbstractSocket::ConnectedState;
         });
     };
-    EXPECT_TRUE(Until([&] { return open() == 4; }));
+    EXPECT_TRUE(WaitUntil([&] { return open() == 4; }));
     EXPECT_EQ(Exchange(*sockets[0], {kRelayByte, 0x21}).size(), 6u);
     sockets.clear();
-    EXPECT_TRUE(Until([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         QTcpSocket again;
         Connect(again, server.Ports()[0]);
         return Exchange(again, {kRelayByte, 0x21}).size() == 6u;
@@ -142,13 +135,12 @@ TEST_F(UnitServerTest, OutlivesMoreConnectionsThanItHolds) {
 }
 
 TEST_F(UnitServerTest, ClosesConnectionsAfterAnEthernetReset) {
-    UnitServer server{ServerOptions{}};
-    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    Listening server;
     QTcpSocket a, b;
     Connect(a, server.Ports()[0]);
     Connect(b, server.Ports()[1]);
     a.write(QByteArray::fromHex("1002FB1F03001D1003"));
-    EXPECT_TRUE(Until([&] {
+    EXPECT_TRUE(WaitUntil([&] {
         return a.state() == QAbstractSocket::UnconnectedState &&
                b.state() == QAbstractSocket::UnconnectedState;
     }));
@@ -169,8 +161,7 @@ TEST_F(UnitServerTest, PassesFaultsOn) {
           Case{"deny", echo.substr(0, 2) + '\x16'}, Case{"short", echo + '\x01'}}) {
         ServerOptions options;
         options.faults = ParseFaults(c.fault).faults;
-        UnitServer server(options);
-        ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+        Listening server(options);
         QTcpSocket socket;
         Connect(socket, server.Ports()[0]);
         EXPECT_EQ(Exchange(socket, {kRelayByte, 0x11, 0x00, 0x04, 2}), c.answer) << c.fault;
@@ -181,13 +172,12 @@ TEST_F(UnitServerTest, PassesFaultsOn) {
 TEST_F(UnitServerTest, FloodsByFault) {
     ServerOptions options;
     options.faults = ParseFaults("flood").faults;
-    UnitServer server(options);
-    ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+    Listening server(options);
     QTcpSocket socket;
     Connect(socket, server.Ports()[0]);
     socket.write(QByteArray::fromHex("1002FA211B1003"));
     qint64 received = 0;
-    EXPECT_TRUE(Until([&] { return (received += socket.readAll().size()) > 300'000; }));
+    EXPECT_TRUE(WaitUntil([&] { return (received += socket.readAll().size()) > 300'000; }));
 }
 
 TEST_F(UnitServerTest, KeepsItsMemoryInAFileAndRefusesABadOne) {
@@ -195,15 +185,13 @@ TEST_F(UnitServerTest, KeepsItsMemoryInAFileAndRefusesABadOne) {
     ServerOptions options;
     options.state_file = folder.filePath("unit.state").toStdString();
     {
-        UnitServer server(options);
-        ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+        Listening server(options);
         QTcpSocket a;
         Connect(a, server.Ports()[0]);
         Exchange(a, {kDisplayByte, 0x12, 0x00, 0x50, 2, 'X', 'Y'});
     }
     {
-        UnitServer server(options);
-        ASSERT_EQ(server.Listen().result, UnitServer::Start::kReady);
+        Listening server(options);
         EXPECT_EQ(server.TheUnit().Display().Read(0x0050, 2), "XY");
     }
     QFile file(QString::fromStdString(options.state_file));
@@ -220,8 +208,7 @@ TEST_F(UnitServerTest, KeepsItsMemoryInAFileAndRefusesABadOne) {
 }
 
 TEST_F(UnitServerTest, TellsAPortThatIsTaken) {
-    UnitServer first{ServerOptions{}};
-    ASSERT_EQ(first.Listen().result, UnitServer::Start::kReady);
+    Listening first;
     ServerOptions options;
     options.ports[1] = first.Ports()[0];
     EXPECT_EQ(UnitServer(options).Listen().result, UnitServer::Start::kNoPort);

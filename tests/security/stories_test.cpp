@@ -1,8 +1,0 @@
-#include "support/stories.h"
-#include "support/tool_player.h"
-
-namespace kestrane {
-
-const bool kStories = RegisterStories("security", PlayOnTool);
-
-}  // namespace kestrane
