@@ -42,6 +42,8 @@ int Resolve(std::string path, Target& target) {
         target.path = path;
         target.exists = ::stat(path.c_str(), &target.status) == 0;
         if (!target.exists && errno != ENOENT) return errno;
+        // The link of /dev/stdout to a pipe has no name that could be followed.
+        if (target.exists && !target.IsFile() && !target.IsFolder()) return 0;
         char link[4096];
         const ssize_t size = ::readlink(path.c_str(), link, sizeof link);
         if (size < 0) return target.IsFolder() ? EISDIR : 0;

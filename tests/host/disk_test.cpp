@@ -95,6 +95,18 @@ TEST_F(DiskTest, TellsWhyAPathCannotBeReadOrWritten) {
     }
 }
 
+TEST_F(DiskTest, WritesToAPipeThatOnlyALinkNames) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const std::string path = "/dev/fd/" + std::to_string(ends[1]);
+    EXPECT_EQ(disk.WhyNotWritable(path).value_or(""), "");
+    EXPECT_EQ(disk.Replace(path, "text", Readers::kOwner).value_or(""), "");
+    char text[8];
+    EXPECT_EQ(::read(ends[0], text, sizeof text), 4);
+    ::close(ends[0]);
+    ::close(ends[1]);
+}
+
 TEST_F(DiskTest, MakesAFolderWithThoseAboveItOrTellsWhyNot) {
     EXPECT_EQ(disk.MakeFolder(Path("deep/er")), std::nullopt);
     EXPECT_EQ(disk.MakeFolder(Path("deep/er")), std::nullopt);
