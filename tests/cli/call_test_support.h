@@ -19,6 +19,8 @@ using Words = std::vector<std::string>;
 
 class CallTest : public testing::Test, protected ScriptedTool {
   protected:
+    CallTest() { world.loop.set_event_limit(100'000'000); }
+
     // The exit status; -1 if the command line itself is wrong.
     int Run(std::unique_ptr<Call> call, Words words, Words options = {}) {
         CLI::App app;
@@ -54,6 +56,18 @@ class CallTest : public testing::Test, protected ScriptedTool {
         words.push_back("--json");
         EXPECT_EQ(Read(words), kExitDone);
         return printed.empty() ? Json() : Json::parse(printed.back());
+    }
+    // The name of a configuration file that holds these settings.
+    std::string File(const std::string& name, const std::string& settings) {
+        world.disk.files[name] =
+            R"({"format": "kestrane-configuration", "version": 1, "settings": )" + settings + "}";
+        return name;
+    }
+    // How many commands that change a unit have gone out.
+    int WritesSent() const {
+        int writes = 0;
+        for (const Exchange& each : tool.link.journal().exchanges()) writes += each.IsWrite();
+        return writes;
     }
     std::string Complaint() const { return complaints.empty() ? "" : complaints.back(); }
 

@@ -7,22 +7,9 @@ namespace {
 
 class ConfigurationCallTest : public CallTest {
   protected:
-    ConfigurationCallTest() { world.loop.set_event_limit(100'000'000); }
-
-    std::string File(const std::string& name, const std::string& settings) {
-        world.disk.files[name] = R"({"format": "kestrane-configuration", "version": 1,
-                                  "settings": )" +
-                                 settings + "}";
-        return name;
-    }
     int Apply(Words words) { return Run(MakeApplyCall(), std::move(words)); }
     int Diff(Words words) { return Run(MakeDiffCall(), std::move(words)); }
     Words Take() { return std::exchange(printed, {}); }
-    int WritesSent() const {
-        int writes = 0;
-        for (const std::string& frame : world.tcpsend.sent()) writes += ByteAt(frame, 4) == 0x12;
-        return writes;
-    }
 };
 
 TEST_F(ConfigurationCallTest, ApplyWritesOnceAndItsUndoFileBringsBack) {
@@ -101,7 +88,7 @@ TEST_F(ConfigurationCallTest, BackupComesBackAndKeepsSecrets) {
 TEST_F(ConfigurationCallTest, FaultsEndItBeforeAUnitIsAsked) {
     const std::string file = File("a", R"({"network": {"unit_name": 7}})");
     EXPECT_EQ(Apply({file, "--json"}), kExitUsage);
-    EXPECT_EQ(Complaint(), file + ":2:73: network.unit_name: takes a text in quotes");
+    EXPECT_EQ(Complaint(), file + ":1:90: network.unit_name: takes a text in quotes");
     EXPECT_EQ(Json::parse(printed.back())["result"], "refused");
     EXPECT_EQ(Run(MakeCheckCall(), {file}), kExitUsage);
     EXPECT_EQ(Apply({"--set", "network.unit_nam=x"}), kExitUsage);

@@ -11,24 +11,21 @@ namespace {
 
 constexpr char kCommunity[] = "hunter-community";
 constexpr char kKey[] = "0C0FFEE0C0FFEE0C0FFEE0C0FFEE0C0F";
-constexpr char kHead[] = R"({"format": "kestrane-configuration", "version": 1, "settings": )";
 
 class SecretsTest : public CallTest {
   protected:
     SecretsTest() {
-        world.loop.set_event_limit(100'000'000);
-        auto& files = world.disk.files;
-        files["all"] = std::string(kHead) + R"({"snmp": {"read_community": ")" + kCommunity +
-                       R"("}, "ports": {"b": {"key": ")" + kKey + R"("}}, "security": {
-                       "view": {"password": "hunter-view"}, "control": {"password":
-                       "hunter-control"}, "admin": {"password": "hunter-admin"}}}})";
+        File("all", R"({"snmp": {"read_community": ")" + std::string(kCommunity) +
+                        R"("}, "ports": {"b": {"key": ")" + kKey + R"("}}, "security": {
+                        "view": {"password": "hunter-view"}, "control": {"password":
+                        "hunter-control"}, "admin": {"password": "hunter-admin"}}})");
         int number = 0;
         for (const char* password :
              {R"("hunter-view" x)", R"("hunter view")", R"("hunter-view-that-is-long")",
               R"("hunter-view\q")", "\"hunter-view\xE9\"", "\"hunter-view\xC4\x80\"",
               "\"hunter-view\n\"", "\"hunter-view", "hunter-view", R"(["hunter-view"])"}) {
-            files["wrong" + std::to_string(number++)] =
-                std::string(kHead) + R"({"security": {"view": {"password": )" + password + "}}}}";
+            File("wrong" + std::to_string(number++),
+                 R"({"security": {"view": {"password": )" + std::string(password) + "}}}");
         }
         number_of_wrong_ = number;
     }

@@ -100,16 +100,6 @@ struct EditorOnUnit : OpenEditor<ToolOnUnit> {
         }
         return program;
     }
-    // Sent frames of one command code to the relay board, undoubled; the others are left out.
-    std::vector<std::string> SentCommands(int code) const {
-        std::vector<std::string> commands;
-        for (std::string frame : world.tcpsend.sent()) {
-            RemoveEscapes(frame);
-            if (ByteAt(frame, 3) == session.RelayAddress && ByteAt(frame, 4) == code)
-                commands.push_back(frame);
-        }
-        return commands;
-    }
 };
 
 }  // namespace kestrane

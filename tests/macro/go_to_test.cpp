@@ -58,8 +58,8 @@ class GoToLine : public testing::Test, public EditorOnUnit {
   protected:
     std::vector<std::string> Addresses() const {
         std::vector<std::string> sent;
-        for (const std::string& frame : SentCommands(kMacroGoTo)) {
-            sent.push_back(HexText(frame.substr(4, 1)));
+        for (const std::string& text : SentTexts()) {
+            if (text.substr(2, 2) == "61") sent.push_back(text.substr(4));
         }
         return sent;
     }
