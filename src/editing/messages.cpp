@@ -130,9 +130,17 @@ Message OutcomeOf(const OperationRecord& operation, const Journal& journal, cons
     return message;
 }
 
-Messages::Messages(Tool& tool) : tool_(tool) { tool.link.journal().AddObserver(*this); }
+Messages::Messages(Tool& tool) : tool_(tool) {
+    tool.link.journal().AddObserver(*this);
+    tool.macro_editor.state().on_file = [this](bool good, const std::string& text) {
+        Add(good ? MessageKind::kGood : MessageKind::kFault, text);
+    };
+}
 
-Messages::~Messages() { tool_.link.journal().RemoveObserver(*this); }
+Messages::~Messages() {
+    tool_.macro_editor.state().on_file = nullptr;
+    tool_.link.journal().RemoveObserver(*this);
+}
 
 void Messages::OnAdded(std::function<void(const Message&)> observer) {
     observers_.push_back(std::move(observer));

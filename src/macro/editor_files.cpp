@@ -78,11 +78,14 @@ void EditorFiles::Run(bool save) {
     if (visit.Ended()) return;
     if (!path.empty()) {
         const auto fault = save ? Save(path) : Load(path);
+        const std::string done =
+            (save ? "Saved " : "Loaded ") + std::string(NameWithoutFolders(path));
+        if (state_.on_file) state_.on_file(!fault, fault ? fault->text : done + ".");
         if (fault) platform_.boxes.Show(fault->title, fault->text, {BoxButton::kOk});
         if (visit.Ended()) return;
         if (!fault) {
             state_.file_name = NameWithoutFolders(path);
-            state_.new_action = (save ? "Saved " : "Loaded ") + state_.file_name;
+            state_.new_action = done;
         }
         if (!save) listing_.RefreshListing();
     }

@@ -4,6 +4,7 @@
 // opening of the form they work for. The image outlives the form.
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -25,6 +26,8 @@ struct EditorState {
     // and the file that was last loaded or saved, without its folders.
     std::string last_action;
     std::optional<std::string> new_action;
+    // After a file was saved or loaded, or could not be: a sentence about it.
+    std::function<void(bool good, const std::string& text)> on_file;
     std::string file_name;
     // The labels that a loaded program brings; none come with a macro file.
     std::optional<std::map<std::uint8_t, std::string>> new_labels;

@@ -339,6 +339,27 @@ TEST(Outcome, TellsTheTruthForEveryEnd) {
     }
 }
 
+TEST(Messages, TellWhetherAMacroFileWasSavedOrLoaded) {
+    Bench it;
+    ScriptEditForm& editor = it.tool.script_edit_form;
+    it.session.CheckPassword();
+    it.After(1, [&] { it.form.triggers.cmdEditMacro.on_click(); });
+    std::size_t before = 0;
+    it.After(300, [&] {
+        before = it.bench.messages.All().size();
+        it.world.files.Choose("five.sms");
+        it.Click(editor.cmdSaveFile);
+        EXPECT_EQ(it.Last().text, "Saved five.sms.");
+        it.world.files.Choose("none.sms");
+        it.Click(editor.cmdLoadFile);
+        EXPECT_EQ(it.Last().kind, MessageKind::kFault);
+        EXPECT_THAT(it.Last().text, HasSubstr("none.sms"));
+        EXPECT_EQ(it.tool.hand.Close(editor), std::nullopt);
+    });
+    it.Wait(2000);
+    EXPECT_EQ(it.bench.messages.All().size(), before + 2);
+}
+
 TEST(FrameLog, SpeaksInWordsKeepsSecretsAndStaysSmall) {
     Bench it;
     it.ReadSettings();
