@@ -12,38 +12,7 @@ quietly set cmdReadChannelNames enabled true
 quietly set txtOutUpper(3) "stale"
 click cmdReadChannelNames
     hourglass
-    says "Reading inlet name(s)"
-    > FB11006010
-    > FB11007010
-    says "Reading outlet name 1 of 14"
-    > FB11008010
-    says "Reading outlet name 2 of 14"
-    > FB11009010
-    says "Reading outlet name 3 of 14"
-    > FB1100A010
-    says "Reading outlet name 4 of 14"
-    > FB1100B010
-    says "Reading outlet name 5 of 14"
-    > FB1100C010
-    says "Reading outlet name 6 of 14"
-    > FB1100D010
-    says "Reading outlet name 7 of 14"
-    > FB1100E010
-    says "Reading outlet name 8 of 14"
-    > FB1100F010
-    says "Reading outlet name 9 of 14"
-    > FB11010010
-    says "Reading outlet name 10 of 14"
-    > FB11011010
-    says "Reading outlet name 11 of 14"
-    > FB11012010
-    says "Reading outlet name 12 of 14"
-    > FB11013010
-    says "Reading outlet name 13 of 14"
-    > FB11014010
-    says "Reading outlet name 14 of 14"
-    > FB11015010
-    says "Reading channel names complete"
+    = channel-names
     arrow
     operation "Read Channel Names" complete
     enabled true: cmdResetEthernet, fraInletNames, lblInletTop, lblInletBottom, lblMain, lblBackup, fraOutletNames, lblTopLine(0-1), lblBottomLine(0-1), lblOutlet(0-13), cmdWriteChannelNames
@@ -88,38 +57,7 @@ connected 3
 quietly set cmdReadChannelNames enabled true
 click cmdReadChannelNames
     hourglass
-    says "Reading inlet name(s)"
-    > FB11006010
-    > FB11007010
-    says "Reading outlet name 1 of 14"
-    > FB11008010
-    says "Reading outlet name 2 of 14"
-    > FB11009010
-    says "Reading outlet name 3 of 14"
-    > FB1100A010
-    says "Reading outlet name 4 of 14"
-    > FB1100B010
-    says "Reading outlet name 5 of 14"
-    > FB1100C010
-    says "Reading outlet name 6 of 14"
-    > FB1100D010
-    says "Reading outlet name 7 of 14"
-    > FB1100E010
-    says "Reading outlet name 8 of 14"
-    > FB1100F010
-    says "Reading outlet name 9 of 14"
-    > FB11010010
-    says "Reading outlet name 10 of 14"
-    > FB11011010
-    says "Reading outlet name 11 of 14"
-    > FB11012010
-    says "Reading outlet name 12 of 14"
-    > FB11013010
-    says "Reading outlet name 13 of 14"
-    > FB11014010
-    says "Reading outlet name 14 of 14"
-    > FB11015010
-    says "Reading channel names complete"
+    = channel-names
     arrow
     operation "Read Channel Names" complete
     enabled true: cmdResetEthernet, fraInletNames, lblInletTop, lblInletBottom, lblMain, lblBackup, fraOutletNames, lblTopLine(0-1), lblBottomLine(0-1), lblOutlet(0-13), cmdWriteChannelNames
@@ -277,38 +215,7 @@ click cmdReadChannelNames
     now store 251
     now call cmdReadChannelNames
     hourglass
-    says "Reading inlet name(s)"
-    2> FB11006010
-    2> FB11007010
-    says "Reading outlet name 1 of 14"
-    2> FB11008010
-    says "Reading outlet name 2 of 14"
-    2> FB11009010
-    says "Reading outlet name 3 of 14"
-    2> FB1100A010
-    says "Reading outlet name 4 of 14"
-    2> FB1100B010
-    says "Reading outlet name 5 of 14"
-    2> FB1100C010
-    says "Reading outlet name 6 of 14"
-    2> FB1100D010
-    says "Reading outlet name 7 of 14"
-    2> FB1100E010
-    says "Reading outlet name 8 of 14"
-    2> FB1100F010
-    says "Reading outlet name 9 of 14"
-    2> FB11010010
-    says "Reading outlet name 10 of 14"
-    2> FB11011010
-    says "Reading outlet name 11 of 14"
-    2> FB11012010
-    says "Reading outlet name 12 of 14"
-    2> FB11013010
-    says "Reading outlet name 13 of 14"
-    2> FB11014010
-    says "Reading outlet name 14 of 14"
-    2> FB11015010
-    says "Reading channel names complete"
+    = channel-names 2
     arrow
     operation "Read Channel Names" complete
     index 0: SSTab1

@@ -18,77 +18,7 @@ answer FA820110 "\xE8\x00\x00\x01\x9B\x07\x44\x26\x42\x10"
 connected 5
 quietly set txt1WName(3) "stale"
 click cmdRead1WNames
-    hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > FB11016010
-    says "Reading 1-Wire Name 2 of 8"
-    > FB11017010
-    says "Reading 1-Wire Name 3 of 8"
-    > FB11018010
-    says "Reading 1-Wire Name 4 of 8"
-    > FB11019010
-    says "Reading 1-Wire Name 5 of 8"
-    > FB1101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > FB1101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > FB1101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > FB1101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > FA82010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > FA82010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > FA82010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > FA82010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > FA82010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > FA820110
-    says "Reading 1-Wire Settings Complete"
-    arrow
-    operation "Read 1-Wire Settings" complete
+    = all-of-sensors
     enabled true: cmdResetEthernet, fra1WireSettings, lblSense(0-3), lbl1WAddress(0-15), lbl1WType(0-15), lbl1We2p(0-15), lbl1WTotalText, lbl1WTotal, lblSensorType(0-4), cmdWrite1WNames
     caption "3F0000019A4C7126": lbl1WAddress(0), lbl1We2p(0)
     fore 0: lbl1WAddress(0 2 5-14)
@@ -120,77 +50,7 @@ answers FA8201 16 "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x00"
 connected 5
 quietly set AdminLoggedIn false
 click cmdRead1WNames
-    hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > FB11016010
-    says "Reading 1-Wire Name 2 of 8"
-    > FB11017010
-    says "Reading 1-Wire Name 3 of 8"
-    > FB11018010
-    says "Reading 1-Wire Name 4 of 8"
-    > FB11019010
-    says "Reading 1-Wire Name 5 of 8"
-    > FB1101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > FB1101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > FB1101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > FB1101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > FA82010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > FA82010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > FA82010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > FA82010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > FA82010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > FA820110
-    says "Reading 1-Wire Settings Complete"
-    arrow
-    operation "Read 1-Wire Settings" complete
+    = all-of-sensors
     enabled true: lblSense(0-3), lbl1WAddress(0-15), lbl1WType(0-15), lbl1We2p(0-15), lbl1WTotalText, lbl1WTotal, lblSensorType(0-4)
     caption "No Sensor fitted": lbl1WAddress(0-15)
     fore 0: lbl1WAddress(0-15)
@@ -209,26 +69,7 @@ connected 5
 quietly set cmdWrite1WNames enabled true
 click cmdRead1WLive
     hourglass
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
+    = ten-live-sensors FA
     says "Reading 1-Wire Settings Complete"
     arrow
     operation "Read Live 1-Wire Addresses" complete
@@ -241,61 +82,9 @@ click cmdRead1WLive
     true: OneWireUnsupported
 click cmdRead1WNames
     hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > FB11016010
-    says "Reading 1-Wire Name 2 of 8"
-    > FB11017010
-    says "Reading 1-Wire Name 3 of 8"
-    > FB11018010
-    says "Reading 1-Wire Name 4 of 8"
-    > FB11019010
-    says "Reading 1-Wire Name 5 of 8"
-    > FB1101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > FB1101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > FB1101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > FB1101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
+    = names-of-sensors FB
+    = committed-sensors FA
+    = ten-live-sensors FA
     says "Reading 1-Wire Settings Complete"
     arrow
     operation "Read 1-Wire Settings" complete
@@ -305,77 +94,7 @@ click cmdRead1WNames
     true: OneWireRead
 reply FA82010A 1002FA82010AFFFFFFFFFFFFFFFFFF017F1003
 click cmdRead1WNames
-    hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > FB11016010
-    says "Reading 1-Wire Name 2 of 8"
-    > FB11017010
-    says "Reading 1-Wire Name 3 of 8"
-    > FB11018010
-    says "Reading 1-Wire Name 4 of 8"
-    > FB11019010
-    says "Reading 1-Wire Name 5 of 8"
-    > FB1101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > FB1101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > FB1101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > FB1101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > FA82010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > FA82010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > FA82010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > FA82010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > FA82010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > FA820110
-    says "Reading 1-Wire Settings Complete"
-    arrow
-    operation "Read 1-Wire Settings" complete
+    = all-of-sensors
     caption "No Sensor fitted": lbl1WAddress(0-15)
     fore 0: lbl1WAddress(9-15)
     enabled true: cmdRead1WLive, cmd1WireClear, cmd1WireCommit, cmdResetMinMax
@@ -387,22 +106,7 @@ reply FA11021010
 connected 5
 click cmdRead1WNames
     hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > FB11016010
-    says "Reading 1-Wire Name 2 of 8"
-    > FB11017010
-    says "Reading 1-Wire Name 3 of 8"
-    > FB11018010
-    says "Reading 1-Wire Name 4 of 8"
-    > FB11019010
-    says "Reading 1-Wire Name 5 of 8"
-    > FB1101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > FB1101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > FB1101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > FB1101D010
+    = names-of-sensors FB
     says "Reading 1-Wire Memory 1 of 9"
     > FA11020010
     says "Reading 1-Wire Memory 2 of 9"
@@ -439,39 +143,7 @@ answer FA820101 "\x3F\x00\x00\x01\x9A\x4C\x71\x26\x19\x01"
 connected 5
 click cmdRead1WLive
     hourglass
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > FA82010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > FA82010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > FA82010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > FA82010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > FA82010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > FA820110
-    says "Reading 1-Wire Settings Complete"
+    = live-sensors FA
     arrow
     operation "Read Live 1-Wire Addresses" complete
     enabled true: cmdResetEthernet, fra1WireSettings, cmdWrite1WNames
@@ -487,25 +159,7 @@ click cmd1WireCommit
     hourglass
     says "Committing 1-Wire Memory"
     > FA8203
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
+    = committed-sensors FA
     arrow
     operation "Commit 1-Wire Addresses" complete
     enabled true: lblSense(0-3), lbl1WAddress(0-15), lbl1WType(0-15), lbl1We2p(0-15), lbl1WTotalText, lbl1WTotal, lblSensorType(0-4)
@@ -516,58 +170,8 @@ click cmd1WireClear
     hourglass
     says "Clearing 1-Wire Memory"
     > FA8202
-    says "Reading 1-Wire Memory 1 of 9"
-    > FA11020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > FA11021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > FA11022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > FA11023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > FA11024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > FA11025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > FA11026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > FA11027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > FA11028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > FA820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > FA820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > FA820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > FA820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > FA820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > FA820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > FA820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > FA820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > FA820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > FA82010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > FA82010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > FA82010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > FA82010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > FA82010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > FA82010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > FA820110
-    says "Reading 1-Wire Settings Complete"
+    = committed-sensors FA
+    = live-sensors FA
     arrow
     operation "Clear 1-Wire Addresses" complete
 reply FA8203
@@ -656,41 +260,8 @@ settings-read
 quietly choose SSTab1 5
 click cmdRead1WNames
     hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > 8111016010
-    says "Reading 1-Wire Name 2 of 8"
-    > 8111017010
-    says "Reading 1-Wire Name 3 of 8"
-    > 8111018010
-    says "Reading 1-Wire Name 4 of 8"
-    > 8111019010
-    says "Reading 1-Wire Name 5 of 8"
-    > 811101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > 811101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > 811101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > 811101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > 0111020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > 0111021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > 0111022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > 0111023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > 0111024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > 0111025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > 0111026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > 0111027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > 0111028010
-    says "Reading 1-Wire Memory Complete"
+    = names-of-sensors 81
+    = committed-sensors 01
     says "Reading 1-Wire Live Addresses 1 of 16"
     > 01820101
     says "Reading 1-Wire Settings Complete"
@@ -723,25 +294,7 @@ click cmd1WireCommit
     hourglass
     says "Committing 1-Wire Memory"
     > 018203
-    says "Reading 1-Wire Memory 1 of 9"
-    > 0111020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > 0111021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > 0111022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > 0111023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > 0111024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > 0111025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > 0111026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > 0111027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > 0111028010
-    says "Reading 1-Wire Memory Complete"
+    = committed-sensors 01
     arrow
     operation "Commit 1-Wire Addresses" complete
     fore 0: lbl1WAddress(2 4)
@@ -752,58 +305,8 @@ click cmd1WireClear
     hourglass
     says "Clearing 1-Wire Memory"
     > 018202
-    says "Reading 1-Wire Memory 1 of 9"
-    > 0111020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > 0111021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > 0111022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > 0111023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > 0111024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > 0111025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > 0111026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > 0111027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > 0111028010
-    says "Reading 1-Wire Memory Complete"
-    says "Reading 1-Wire Live Addresses 1 of 16"
-    > 01820101
-    says "Reading 1-Wire Live Addresses 2 of 16"
-    > 01820102
-    says "Reading 1-Wire Live Addresses 3 of 16"
-    > 01820103
-    says "Reading 1-Wire Live Addresses 4 of 16"
-    > 01820104
-    says "Reading 1-Wire Live Addresses 5 of 16"
-    > 01820105
-    says "Reading 1-Wire Live Addresses 6 of 16"
-    > 01820106
-    says "Reading 1-Wire Live Addresses 7 of 16"
-    > 01820107
-    says "Reading 1-Wire Live Addresses 8 of 16"
-    > 01820108
-    says "Reading 1-Wire Live Addresses 9 of 16"
-    > 01820109
-    says "Reading 1-Wire Live Addresses 10 of 16"
-    > 0182010A
-    says "Reading 1-Wire Live Addresses 11 of 16"
-    > 0182010B
-    says "Reading 1-Wire Live Addresses 12 of 16"
-    > 0182010C
-    says "Reading 1-Wire Live Addresses 13 of 16"
-    > 0182010D
-    says "Reading 1-Wire Live Addresses 14 of 16"
-    > 0182010E
-    says "Reading 1-Wire Live Addresses 15 of 16"
-    > 0182010F
-    says "Reading 1-Wire Live Addresses 16 of 16"
-    > 01820110
-    says "Reading 1-Wire Settings Complete"
+    = committed-sensors 01
+    = live-sensors 01
     arrow
     operation "Clear 1-Wire Addresses" complete
     fore 255: lbl1WAddress(0-4)
@@ -818,41 +321,8 @@ after 2010 click cmdConnect
 after 2300 call cmdReadNetworkSettings
 click cmdRead1WNames
     hourglass
-    says "Reading 1-Wire Name 1 of 8"
-    > 8111016010
-    says "Reading 1-Wire Name 2 of 8"
-    > 8111017010
-    says "Reading 1-Wire Name 3 of 8"
-    > 8111018010
-    says "Reading 1-Wire Name 4 of 8"
-    > 8111019010
-    says "Reading 1-Wire Name 5 of 8"
-    > 811101A010
-    says "Reading 1-Wire Name 6 of 8"
-    > 811101B010
-    says "Reading 1-Wire Name 7 of 8"
-    > 811101C010
-    says "Reading 1-Wire Name 8 of 8"
-    > 811101D010
-    says "Reading 1-Wire Memory 1 of 9"
-    > 0111020010
-    says "Reading 1-Wire Memory 2 of 9"
-    > 0111021010
-    says "Reading 1-Wire Memory 3 of 9"
-    > 0111022010
-    says "Reading 1-Wire Memory 4 of 9"
-    > 0111023010
-    says "Reading 1-Wire Memory 5 of 9"
-    > 0111024010
-    says "Reading 1-Wire Memory 6 of 9"
-    > 0111025010
-    says "Reading 1-Wire Memory 7 of 9"
-    > 0111026010
-    says "Reading 1-Wire Memory 8 of 9"
-    > 0111027010
-    says "Reading 1-Wire Memory 9 of 9"
-    > 0111028010
-    says "Reading 1-Wire Memory Complete"
+    = names-of-sensors 81
+    = committed-sensors 01
     says "Reading 1-Wire Live Addresses 1 of 16"
     > 01820101
     says "Reading 1-Wire Live Addresses 2 of 16"
@@ -865,46 +335,7 @@ click cmdRead1WNames
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    2> FA11000010
-    says "Reading block 1 of 14."
-    2> 811102C010
-    says "Reading block 2 of 14."
-    2> 811102D010
-    says "Reading block 3 of 14."
-    2> 8111002010
-    says "Reading block 4 of 14."
-    2> 8111003010
-    says "Reading block 5 of 14."
-    2> 8111001010
-    says "Reading block 6 of 11."
-    2> 8111004010
-    says "Reading block 6 of 14."
-    2> 8111005010
-    says "Reading block 7 of 14."
-    2> 8111028010
-    says "Reading block 8 of 14."
-    2> 8111029010
-    says "Reading block 9 of 14."
-    2> 811102A010
-    says "Reading block 10 of 14."
-    2> 811102E010
-    says "Reading block 11 of 14."
-    2> 8111032010
-    says "Reading block 12 of 14."
-    2> 811101E010
-    says "Reading block 13 of 14."
-    2> 811102F010
-    says "Reading block 14 of 14."
-    2> 8111030010
-    says "Reading block 15 of 14."
-    2> 8111031010
-    says "Reading Unit Type."
-    2> 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
+    = settings-read-afresh 2
     index 0: SSTab1
     enabled true: fraNetworkSettings, fraMiscOptions, fraFixedIPSettings, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, fraTcpControlSettings, fraSecuritySettings, lblSense(0-3), lbl1WAddress(0-15), lbl1WType(0-15), lbl1We2p(0-15), lbl1WTotalText, lbl1WTotal, lblSensorType(0-4)
     fore 0: lbl1WAddress(0-1)

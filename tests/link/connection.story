@@ -63,13 +63,7 @@ click cmdConnect
     false: LinkIsDown
     6: tcpsend.state
 wait 250
-    caption "Connected": cmdConnect
-    back 65280: cmdConnect
-    enabled true: cmdReadNetworkSettings
-    caption "Socket is connected": lblNotLoggedIn
-    fore 65280: lblNotLoggedIn
-    true: ReadButtonArmed
-    7: tcpsend.state
+    = connection-made
 set txtTcpControlPort(1) "1243"
     text "1243": txtTcpControlPort(1)
     1: PortChanged
@@ -122,13 +116,7 @@ click cmdConnect
     false: LinkIsDown, UserDisconnected
     6: tcpsend.state
 wait 250
-    caption "Connected": cmdConnect
-    back 65280: cmdConnect
-    enabled true: cmdReadNetworkSettings
-    caption "Socket is connected": lblNotLoggedIn
-    fore 65280: lblNotLoggedIn
-    true: ReadButtonArmed
-    7: tcpsend.state
+    = connection-made
 
 == A close by the far end is shown until the next connect
 unit cms
@@ -168,13 +156,7 @@ click cmdConnect
     false: LinkIsDown, UserDisconnected
     6: tcpsend.state
 wait 250
-    caption "Connected": cmdConnect
-    back 65280: cmdConnect
-    enabled true: cmdReadNetworkSettings
-    caption "Socket is connected": lblNotLoggedIn
-    fore 65280: lblNotLoggedIn
-    true: ReadButtonArmed
-    7: tcpsend.state
+    = connection-made
 
 == A disconnect after a read, and what is on while a unit can be given an ID
 unit cms

@@ -30,9 +30,7 @@ close
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     caption "00": lblMem1(0)
     caption "Stop": lblCommand(0)
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
     00 00: image(10)
 
 == It starts afresh each time
@@ -93,9 +91,7 @@ click cmdExit
     focus cmdExit: frmScriptEdit
 click cmdExit
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
 close
 edit 50
     says ""
@@ -158,9 +154,7 @@ close
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     caption "00": lblMem1(0)
     caption "Stop": lblCommand(0)
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
     00 00: image(10)
 
 == Inserts step on, up to the last address of a jump
@@ -170,13 +164,7 @@ click chkAutoIncrement
     value 1: chkAutoIncrement
     focus chkAutoIncrement: frmScriptEdit
 choose scrListScroll 124
-    value 124: scrListScroll
-    visible false: shpOutline(0)
-    visible true: shpOutline(15)
-    focus scrListScroll: frmScriptEdit
-    124: MemPointer
-    109: ListTop
-    15: ListRow
+    = scrolled-to 124 109
 click cmdInsertCommand(2)
     says ""
     value 125: scrListScroll
@@ -208,34 +196,16 @@ close
     value 16: scrListScroll
     caption "00": lblMem1(13-15)
     caption "Stop": lblCommand(13-15)
-    visible true: shpOutline(0)
-    visible false: shpOutline(15), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
+    = editor-closed-at-the-top 15
     00 00: image(7C-7E)
 
 == At the last address only outlets can be inserted
 quietly set AdminLoggedIn true
 quietly edit 50
 choose scrListScroll 127
-    value 127: scrListScroll
-    visible false: shpOutline(0)
-    visible true: shpOutline(15)
-    focus scrListScroll: frmScriptEdit
-    127: MemPointer
-    112: ListTop
-    15: ListRow
+    = scrolled-to 127 112
 click chkTrace
-    visible true: shpOutline(7)
-    visible false: shpOutline(15)
-    value 1: chkTrace
-    enabled false: timUpdate
-    enabled true: timTrace
-    focus chkTrace: frmScriptEdit
-    120: ListTop
-    7: ListRow
+    = trace-on 120
 click cmdInsertCommand(81)
     value 0: chkTrace
     enabled true: timUpdate
@@ -251,34 +221,16 @@ close
     value 16: scrListScroll
     caption "00": lblMem1(7)
     caption "Stop": lblCommand(7)
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
+    = editor-closed-at-the-top 7
     00 00: image(7F)
 
 == In trace an insert lands where the cursor stood before
 quietly set AdminLoggedIn true
 quietly edit 50
 choose scrListScroll 32
-    value 32: scrListScroll
-    visible false: shpOutline(0)
-    visible true: shpOutline(15)
-    focus scrListScroll: frmScriptEdit
-    32: MemPointer
-    17: ListTop
-    15: ListRow
+    = scrolled-to 32 17
 click chkTrace
-    visible true: shpOutline(7)
-    visible false: shpOutline(15)
-    value 1: chkTrace
-    enabled false: timUpdate
-    enabled true: timTrace
-    focus chkTrace: frmScriptEdit
-    25: ListTop
-    7: ListRow
+    = trace-on 25
 quietly choose scrListScroll 80
 click cmdOn(2)
     says ""
@@ -293,12 +245,7 @@ click cmdInsertCommand(81)
 close
     box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
     value 16: scrListScroll
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
+    = editor-closed-at-the-top 7
     00 00: image(20)
 
 == The second byte is red until it is accepted
@@ -332,30 +279,15 @@ type txtSecondByteTime "-5"
 click cmdSecondByteTimeOK
     focus cmdSecondByteTimeOK: frmScriptEdit
 close
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
 
 == Trace puts the cursor into the middle, and clearing it takes it back
 quietly set AdminLoggedIn true
 quietly edit 50
 choose scrListScroll 64
-    value 64: scrListScroll
-    visible false: shpOutline(0)
-    visible true: shpOutline(15)
-    focus scrListScroll: frmScriptEdit
-    64: MemPointer
-    49: ListTop
-    15: ListRow
+    = scrolled-to 64 49
 click chkTrace
-    visible true: shpOutline(7)
-    visible false: shpOutline(15)
-    value 1: chkTrace
-    enabled false: timUpdate
-    enabled true: timTrace
-    focus chkTrace: frmScriptEdit
-    57: ListTop
-    7: ListRow
+    = trace-on 57
 choose scrListScroll 80
     value 80: scrListScroll
     focus scrListScroll: frmScriptEdit
@@ -367,12 +299,7 @@ click chkTrace
     focus chkTrace: frmScriptEdit
 close
     value 16: scrListScroll
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
+    = editor-closed-at-the-top 7
 
 == A click on a row reads it after the refresh
 # In trace the list moves below the click: row 12 held 1C and holds 21 then. The last rows of the
@@ -462,76 +389,13 @@ image 7F 0101
 image 80 AB
     AB 00: image(80)
 click cmdBasicSettings
-    caption "C6": lblMem1(0)
-    caption "03": lblMem1(1), lblMem2(0)
-    caption "D2": lblMem1(2)
-    caption "D3": lblMem1(3)
-    caption "04": lblMem1(4)
-    caption "40": lblMem1(10)
-    caption "41": lblMem1(11)
-    caption "42": lblMem1(12)
-    caption "43": lblMem1(13)
-    caption "44": lblMem1(14)
-    caption "45": lblMem1(15)
-    caption "1A": lblMem2(2)
-    caption "2A": lblMem2(3)
-    caption "05": lblMem2(10-15)
-    caption "Alarm status Flash and Beep": lblCommand(0)
-    caption "GPI Disable": lblCommand(1)
-    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
-    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
-    caption "GPI Enable": lblCommand(4)
-    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
-    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
-    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
-    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
-    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
-    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    = rows-of-the-standard-program
     focus cmdBasicSettings: frmScriptEdit
-    C6 03: image(10)
-    03 00: image(11)
-    D2 1A: image(12)
-    D3 2A: image(13)
-    04 00: image(14)
-    40 05: image(1A)
-    41 05: image(1B)
-    42 05: image(1C)
-    43 05: image(1D)
-    44 05: image(1E)
-    45 05: image(1F)
-    46 05: image(20)
-    47 05: image(21)
-    48 05: image(22)
-    49 05: image(23)
-    4A 05: image(24)
-    4B 05: image(25)
-    4C 05: image(26)
-    4D 05: image(27)
-    3D 05: image(2A)
-    3C 05: image(2B)
-    3B 05: image(2C)
-    3A 05: image(2D)
-    39 05: image(2E)
-    38 05: image(2F)
-    37 05: image(30)
-    36 05: image(31)
-    35 05: image(32)
-    34 05: image(33)
-    33 05: image(34)
-    32 05: image(35)
-    31 05: image(36)
-    30 05: image(37)
+    = standard-program
     00 00: image(7F)
 quietly choose scrListScroll 96
 click chkTrace
-    visible true: shpOutline(7)
-    visible false: shpOutline(15)
-    value 1: chkTrace
-    enabled false: timUpdate
-    enabled true: timTrace
-    focus chkTrace: frmScriptEdit
-    89: ListTop
-    7: ListRow
+    = trace-on 89
 click cmdClearMem
     value 16: scrListScroll
     visible true: shpOutline(0)
@@ -544,9 +408,7 @@ click cmdClearMem
     0: ListRow
     00 00: image(10-14 1A-27 2A-37)
 close
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
 
 == On a unit; an address that is not one is sent as 00
 # Status; triggers from 0200, names from 0060; the program; then polls.
@@ -572,68 +434,9 @@ edit 8000
     says "Reading Macro Trigger Name 8 of 8"
     > FB11027010
     says "Reading macro triggers complete"
-    says "Reading inlet name(s)"
-    > FB11006010
-    > FB11007010
-    says "Reading outlet name 1 of 14"
-    > FB11008010
-    says "Reading outlet name 2 of 14"
-    > FB11009010
-    says "Reading outlet name 3 of 14"
-    > FB1100A010
-    says "Reading outlet name 4 of 14"
-    > FB1100B010
-    says "Reading outlet name 5 of 14"
-    > FB1100C010
-    says "Reading outlet name 6 of 14"
-    > FB1100D010
-    says "Reading outlet name 7 of 14"
-    > FB1100E010
-    says "Reading outlet name 8 of 14"
-    > FB1100F010
-    says "Reading outlet name 9 of 14"
-    > FB11010010
-    says "Reading outlet name 10 of 14"
-    > FB11011010
-    says "Reading outlet name 11 of 14"
-    > FB11012010
-    says "Reading outlet name 12 of 14"
-    > FB11013010
-    says "Reading outlet name 13 of 14"
-    > FB11014010
-    says "Reading outlet name 14 of 14"
-    > FB11015010
-    says "Reading channel names complete"
-    says "Downloading unit macro program 12%"
-    > 0111002010
-    says "Downloading unit macro program 19%"
-    > 0111003010
-    says "Downloading unit macro program 25%"
-    > 0111004010
-    says "Downloading unit macro program 32%"
-    > 0111005010
-    says "Downloading unit macro program 38%"
-    > 0111006010
-    says "Downloading unit macro program 44%"
-    > 0111007010
-    says "Downloading unit macro program 51%"
-    > 0111008010
-    says "Downloading unit macro program 57%"
-    > 0111009010
-    says "Downloading unit macro program 64%"
-    > 011100A010
-    says "Downloading unit macro program 70%"
-    > 011100B010
-    says "Downloading unit macro program 76%"
-    > 011100C010
-    says "Downloading unit macro program 83%"
-    > 011100D010
-    says "Downloading unit macro program 89%"
-    > 011100E010
-    says "Downloading unit macro program 96%"
-    > 011100F010
-    arrow
-    says "Download completed."
+    = channel-names
+    = program-blocks-to-7
+    = program-blocks-from-8
     operation "Download Macro" complete
     > 0131 x35
     text "Mains": txtMainUpper
@@ -743,39 +546,7 @@ edit 8000
     enabled true: timUpdate
     false: MacroChanged
     16: MemPointer, ListTop
-    C6 03: image(10)
-    03 00: image(11)
-    D2 1A: image(12)
-    D3 2A: image(13)
-    04 00: image(14)
-    40 05: image(1A)
-    41 05: image(1B)
-    42 05: image(1C)
-    43 05: image(1D)
-    44 05: image(1E)
-    45 05: image(1F)
-    46 05: image(20)
-    47 05: image(21)
-    48 05: image(22)
-    49 05: image(23)
-    4A 05: image(24)
-    4B 05: image(25)
-    4C 05: image(26)
-    4D 05: image(27)
-    3D 05: image(2A)
-    3C 05: image(2B)
-    3B 05: image(2C)
-    3A 05: image(2D)
-    39 05: image(2E)
-    38 05: image(2F)
-    37 05: image(30)
-    36 05: image(31)
-    35 05: image(32)
-    34 05: image(33)
-    33 05: image(34)
-    32 05: image(35)
-    31 05: image(36)
-    30 05: image(37)
+    = standard-program
 set timUpdate enabled false
     enabled false: timUpdate
 quietly wait 300

@@ -155,9 +155,7 @@ click cmdLoadFile
     asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
     focus cmdLoadFile: frmScriptEdit
 close
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
 
 == What is saved loads back, and imported triggers are told of when the editor closes
 # Their addresses are checked before: 7F is refused, 00 empties its row.
@@ -193,66 +191,10 @@ click cmdLoadFile
     text "H": txtMTName(7)
     text "00": txtMTAddress(0-2 6-7)
     fore 255: txtMTAddress(0-2 6-7)
-    caption "C6": lblMem1(0)
-    caption "03": lblMem1(1), lblMem2(0)
-    caption "D2": lblMem1(2)
-    caption "D3": lblMem1(3)
-    caption "04": lblMem1(4)
-    caption "40": lblMem1(10)
-    caption "41": lblMem1(11)
-    caption "42": lblMem1(12)
-    caption "43": lblMem1(13)
-    caption "44": lblMem1(14)
-    caption "45": lblMem1(15)
-    caption "1A": lblMem2(2)
-    caption "2A": lblMem2(3)
-    caption "05": lblMem2(10-15)
-    caption "Alarm status Flash and Beep": lblCommand(0)
-    caption "GPI Disable": lblCommand(1)
-    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
-    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
-    caption "GPI Enable": lblCommand(4)
-    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
-    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
-    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
-    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
-    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
-    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    = rows-of-the-standard-program
     focus cmdLoadFile: frmScriptEdit
     true: MacroTriggersChanged
-    C6 03: image(10)
-    03 00: image(11)
-    D2 1A: image(12)
-    D3 2A: image(13)
-    04 00: image(14)
-    40 05: image(1A)
-    41 05: image(1B)
-    42 05: image(1C)
-    43 05: image(1D)
-    44 05: image(1E)
-    45 05: image(1F)
-    46 05: image(20)
-    47 05: image(21)
-    48 05: image(22)
-    49 05: image(23)
-    4A 05: image(24)
-    4B 05: image(25)
-    4C 05: image(26)
-    4D 05: image(27)
-    3D 05: image(2A)
-    3C 05: image(2B)
-    3B 05: image(2C)
-    3A 05: image(2D)
-    39 05: image(2E)
-    38 05: image(2F)
-    37 05: image(30)
-    36 05: image(31)
-    35 05: image(32)
-    34 05: image(33)
-    33 05: image(34)
-    32 05: image(35)
-    31 05: image(36)
-    30 05: image(37)
+    = standard-program
 # A second, equal import leaves it so.
 chooses a.sms
 click cmdLoadFile
@@ -314,9 +256,7 @@ click cmdLoadFile
     box "File Error.|Cannot read gr\xFC\xDF?.sms: No such file or directory."
     focus cmdLoadFile: frmScriptEdit
 close
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
+    = editor-closed
     00 00: image(00)
 
 == Source text is loaded, too, whole or not at all

@@ -16,18 +16,7 @@ timeline ON 1 1\nON 2 0.5 ALWAYS\nOFF 1 2\nStop
     1500,11,Turn on outlet 2 after fixed delay of 0.5 seconds,2,
     3500,12,"Turn off outlet 1 after 2.0 seconds, skip if already off",,1
     3501,13,Stop,,
-    <svg xmlns="http://www.w3.org/2000/svg" width="960" height="424" viewBox="0 0 960 424" role="img">
-    <title>5 &lt; 6 &amp; &quot;up&quot; > down</title>
-    <style>
-    .ground{fill:#ffffff}.text{fill:#1a1a1a}.grid{stroke:#c8ccd2}.row{stroke:#8a919c}
-    .bar{fill:#1f5fae;stroke:#123a6b}.input{stroke:#a33b00}.mark{fill:#a33b00}.loop{fill:#eceff4}
-    text{font:12px sans-serif}.title{font-weight:bold;font-size:14px}
-    @media screen and (prefers-color-scheme:dark){.ground{fill:#16181d}.text{fill:#eceff4}
-    .grid{stroke:#3a404b}.row{stroke:#7b8494}.bar{fill:#6cb0ff;stroke:#cfe4ff}.input{stroke:#ff9d5c}
-    .mark{fill:#ff9d5c}.loop{fill:#22262e}}
-    </style>
-    <rect class="ground" x="0" y="0" width="960" height="424"/>
-    <text class="text title" x="84" y="22" text-anchor="start">5 &lt; 6 &amp; &quot;up&quot; > down</text>
+    = svg-style
     <text class="text" x="84" y="40" text-anchor="start">demo unit; stops at 3.501 s; most outlets switched on within a second: 2</text>
     <line class="grid" x1="84" y1="82" x2="84" y2="390"/>
     <text class="text" x="84" y="406" text-anchor="middle">0.000</text>
@@ -56,54 +45,18 @@ timeline ON 1 1\nON 2 0.5 ALWAYS\nOFF 1 2\nStop
     <line class="row" x1="84" y1="115" x2="924" y2="115"/>
     <rect class="bar" x="430.05" y="108" width="493.95" height="14"/>
     </g>
-    <g id="outlet-3">
-    <text class="text" x="74" y="141" text-anchor="end">Outlet 3</text>
-    <line class="row" x1="84" y1="137" x2="924" y2="137"/>
-    </g>
-    <g id="outlet-4">
-    <text class="text" x="74" y="163" text-anchor="end">Outlet 4</text>
-    <line class="row" x1="84" y1="159" x2="924" y2="159"/>
-    </g>
-    <g id="outlet-5">
-    <text class="text" x="74" y="185" text-anchor="end">Outlet 5</text>
-    <line class="row" x1="84" y1="181" x2="924" y2="181"/>
-    </g>
-    <g id="outlet-6">
-    <text class="text" x="74" y="207" text-anchor="end">Outlet 6</text>
-    <line class="row" x1="84" y1="203" x2="924" y2="203"/>
-    </g>
-    <g id="outlet-7">
-    <text class="text" x="74" y="229" text-anchor="end">Outlet 7</text>
-    <line class="row" x1="84" y1="225" x2="924" y2="225"/>
-    </g>
-    <g id="outlet-8">
-    <text class="text" x="74" y="251" text-anchor="end">Outlet 8</text>
-    <line class="row" x1="84" y1="247" x2="924" y2="247"/>
-    </g>
-    <g id="outlet-9">
-    <text class="text" x="74" y="273" text-anchor="end">Outlet 9</text>
-    <line class="row" x1="84" y1="269" x2="924" y2="269"/>
-    </g>
-    <g id="outlet-10">
-    <text class="text" x="74" y="295" text-anchor="end">Outlet 10</text>
-    <line class="row" x1="84" y1="291" x2="924" y2="291"/>
-    </g>
-    <g id="outlet-11">
-    <text class="text" x="74" y="317" text-anchor="end">Outlet 11</text>
-    <line class="row" x1="84" y1="313" x2="924" y2="313"/>
-    </g>
-    <g id="outlet-12">
-    <text class="text" x="74" y="339" text-anchor="end">Outlet 12</text>
-    <line class="row" x1="84" y1="335" x2="924" y2="335"/>
-    </g>
-    <g id="outlet-13">
-    <text class="text" x="74" y="361" text-anchor="end">Outlet 13</text>
-    <line class="row" x1="84" y1="357" x2="924" y2="357"/>
-    </g>
-    <g id="outlet-14">
-    <text class="text" x="74" y="383" text-anchor="end">Outlet 14</text>
-    <line class="row" x1="84" y1="379" x2="924" y2="379"/>
-    </g>
+    = svg-idle-outlet 3 137 141
+    = svg-idle-outlet 4 159 163
+    = svg-idle-outlet 5 181 185
+    = svg-idle-outlet 6 203 207
+    = svg-idle-outlet 7 225 229
+    = svg-idle-outlet 8 247 251
+    = svg-idle-outlet 9 269 273
+    = svg-idle-outlet 10 291 295
+    = svg-idle-outlet 11 313 317
+    = svg-idle-outlet 12 335 339
+    = svg-idle-outlet 13 357 361
+    = svg-idle-outlet 14 379 383
     </svg>
 timeline loop: ON 3 1\nOFF 3 30\nGOTO loop
     This is what the demo unit does; a real unit may differ in its timing.
@@ -119,18 +72,7 @@ timeline loop: ON 3 1\nOFF 3 30\nGOTO loop
     1000,10,"Turn on outlet 3 after 1.0 seconds, skip if already on",3,
     31000,11,"Turn off outlet 3 after 30.0 seconds, skip if already off",,3
     31001,12,Goto address 10,,
-    <svg xmlns="http://www.w3.org/2000/svg" width="960" height="424" viewBox="0 0 960 424" role="img">
-    <title>5 &lt; 6 &amp; &quot;up&quot; > down</title>
-    <style>
-    .ground{fill:#ffffff}.text{fill:#1a1a1a}.grid{stroke:#c8ccd2}.row{stroke:#8a919c}
-    .bar{fill:#1f5fae;stroke:#123a6b}.input{stroke:#a33b00}.mark{fill:#a33b00}.loop{fill:#eceff4}
-    text{font:12px sans-serif}.title{font-weight:bold;font-size:14px}
-    @media screen and (prefers-color-scheme:dark){.ground{fill:#16181d}.text{fill:#eceff4}
-    .grid{stroke:#3a404b}.row{stroke:#7b8494}.bar{fill:#6cb0ff;stroke:#cfe4ff}.input{stroke:#ff9d5c}
-    .mark{fill:#ff9d5c}.loop{fill:#22262e}}
-    </style>
-    <rect class="ground" x="0" y="0" width="960" height="424"/>
-    <text class="text title" x="84" y="22" text-anchor="start">5 &lt; 6 &amp; &quot;up&quot; > down</text>
+    = svg-style
     <text class="text" x="84" y="40" text-anchor="start">demo unit; repeats every 31.001 s from 0.000 s; most outlets switched on within a second: 1</text>
     <rect class="loop" x="84" y="82" width="807.69" height="308"/>
     <line class="grid" x1="84" y1="82" x2="84" y2="390"/>
@@ -148,63 +90,24 @@ timeline loop: ON 3 1\nOFF 3 30\nGOTO loop
     <line class="grid" x1="865.61" y1="82" x2="865.61" y2="390"/>
     <text class="text" x="865.61" y="406" text-anchor="middle">30</text>
     <text class="text" x="52" y="406" text-anchor="end">s</text>
-    <g id="outlet-1">
-    <text class="text" x="74" y="97" text-anchor="end">Outlet 1</text>
-    <line class="row" x1="84" y1="93" x2="924" y2="93"/>
-    </g>
-    <g id="outlet-2">
-    <text class="text" x="74" y="119" text-anchor="end">Outlet 2</text>
-    <line class="row" x1="84" y1="115" x2="924" y2="115"/>
-    </g>
+    = svg-idle-outlet 1 93 97
+    = svg-idle-outlet 2 115 119
     <g id="outlet-3">
     <text class="text" x="74" y="141" text-anchor="end">Outlet 3</text>
     <line class="row" x1="84" y1="137" x2="924" y2="137"/>
     <rect class="bar" x="110.05" y="130" width="781.61" height="14"/>
     </g>
-    <g id="outlet-4">
-    <text class="text" x="74" y="163" text-anchor="end">Outlet 4</text>
-    <line class="row" x1="84" y1="159" x2="924" y2="159"/>
-    </g>
-    <g id="outlet-5">
-    <text class="text" x="74" y="185" text-anchor="end">Outlet 5</text>
-    <line class="row" x1="84" y1="181" x2="924" y2="181"/>
-    </g>
-    <g id="outlet-6">
-    <text class="text" x="74" y="207" text-anchor="end">Outlet 6</text>
-    <line class="row" x1="84" y1="203" x2="924" y2="203"/>
-    </g>
-    <g id="outlet-7">
-    <text class="text" x="74" y="229" text-anchor="end">Outlet 7</text>
-    <line class="row" x1="84" y1="225" x2="924" y2="225"/>
-    </g>
-    <g id="outlet-8">
-    <text class="text" x="74" y="251" text-anchor="end">Outlet 8</text>
-    <line class="row" x1="84" y1="247" x2="924" y2="247"/>
-    </g>
-    <g id="outlet-9">
-    <text class="text" x="74" y="273" text-anchor="end">Outlet 9</text>
-    <line class="row" x1="84" y1="269" x2="924" y2="269"/>
-    </g>
-    <g id="outlet-10">
-    <text class="text" x="74" y="295" text-anchor="end">Outlet 10</text>
-    <line class="row" x1="84" y1="291" x2="924" y2="291"/>
-    </g>
-    <g id="outlet-11">
-    <text class="text" x="74" y="317" text-anchor="end">Outlet 11</text>
-    <line class="row" x1="84" y1="313" x2="924" y2="313"/>
-    </g>
-    <g id="outlet-12">
-    <text class="text" x="74" y="339" text-anchor="end">Outlet 12</text>
-    <line class="row" x1="84" y1="335" x2="924" y2="335"/>
-    </g>
-    <g id="outlet-13">
-    <text class="text" x="74" y="361" text-anchor="end">Outlet 13</text>
-    <line class="row" x1="84" y1="357" x2="924" y2="357"/>
-    </g>
-    <g id="outlet-14">
-    <text class="text" x="74" y="383" text-anchor="end">Outlet 14</text>
-    <line class="row" x1="84" y1="379" x2="924" y2="379"/>
-    </g>
+    = svg-idle-outlet 4 159 163
+    = svg-idle-outlet 5 181 185
+    = svg-idle-outlet 6 203 207
+    = svg-idle-outlet 7 225 229
+    = svg-idle-outlet 8 247 251
+    = svg-idle-outlet 9 269 273
+    = svg-idle-outlet 10 291 295
+    = svg-idle-outlet 11 313 317
+    = svg-idle-outlet 12 335 339
+    = svg-idle-outlet 13 357 361
+    = svg-idle-outlet 14 379 383
     </svg>
 timeline ON 14 0\nWAIT 6300\nALL OFF 0
     This is what the demo unit does; a real unit may differ in its timing.
@@ -215,18 +118,7 @@ timeline ON 14 0\nWAIT 6300\nALL OFF 0
     most outlets switched on within one second: 1, from 0.001
     ms,address,text,on,off
     1,10,"Turn on outlet 14 after 0.0 seconds, skip if already on",14,
-    <svg xmlns="http://www.w3.org/2000/svg" width="960" height="424" viewBox="0 0 960 424" role="img">
-    <title>5 &lt; 6 &amp; &quot;up&quot; > down</title>
-    <style>
-    .ground{fill:#ffffff}.text{fill:#1a1a1a}.grid{stroke:#c8ccd2}.row{stroke:#8a919c}
-    .bar{fill:#1f5fae;stroke:#123a6b}.input{stroke:#a33b00}.mark{fill:#a33b00}.loop{fill:#eceff4}
-    text{font:12px sans-serif}.title{font-weight:bold;font-size:14px}
-    @media screen and (prefers-color-scheme:dark){.ground{fill:#16181d}.text{fill:#eceff4}
-    .grid{stroke:#3a404b}.row{stroke:#7b8494}.bar{fill:#6cb0ff;stroke:#cfe4ff}.input{stroke:#ff9d5c}
-    .mark{fill:#ff9d5c}.loop{fill:#22262e}}
-    </style>
-    <rect class="ground" x="0" y="0" width="960" height="424"/>
-    <text class="text title" x="84" y="22" text-anchor="start">5 &lt; 6 &amp; &quot;up&quot; > down</text>
+    = svg-style
     <text class="text" x="84" y="40" text-anchor="start">demo unit; cut at 600.000 s; most outlets switched on within a second: 1</text>
     <line class="grid" x1="84" y1="82" x2="84" y2="390"/>
     <text class="text" x="84" y="406" text-anchor="middle">0:00:00</text>
@@ -241,58 +133,19 @@ timeline ON 14 0\nWAIT 6300\nALL OFF 0
     <line class="grid" x1="891.69" y1="82" x2="891.69" y2="390"/>
     <text class="text" x="891.69" y="406" text-anchor="middle">0:10:00</text>
     <text class="text" x="52" y="406" text-anchor="end">h:min:s</text>
-    <g id="outlet-1">
-    <text class="text" x="74" y="97" text-anchor="end">Outlet 1</text>
-    <line class="row" x1="84" y1="93" x2="924" y2="93"/>
-    </g>
-    <g id="outlet-2">
-    <text class="text" x="74" y="119" text-anchor="end">Outlet 2</text>
-    <line class="row" x1="84" y1="115" x2="924" y2="115"/>
-    </g>
-    <g id="outlet-3">
-    <text class="text" x="74" y="141" text-anchor="end">Outlet 3</text>
-    <line class="row" x1="84" y1="137" x2="924" y2="137"/>
-    </g>
-    <g id="outlet-4">
-    <text class="text" x="74" y="163" text-anchor="end">Outlet 4</text>
-    <line class="row" x1="84" y1="159" x2="924" y2="159"/>
-    </g>
-    <g id="outlet-5">
-    <text class="text" x="74" y="185" text-anchor="end">Outlet 5</text>
-    <line class="row" x1="84" y1="181" x2="924" y2="181"/>
-    </g>
-    <g id="outlet-6">
-    <text class="text" x="74" y="207" text-anchor="end">Outlet 6</text>
-    <line class="row" x1="84" y1="203" x2="924" y2="203"/>
-    </g>
-    <g id="outlet-7">
-    <text class="text" x="74" y="229" text-anchor="end">Outlet 7</text>
-    <line class="row" x1="84" y1="225" x2="924" y2="225"/>
-    </g>
-    <g id="outlet-8">
-    <text class="text" x="74" y="251" text-anchor="end">Outlet 8</text>
-    <line class="row" x1="84" y1="247" x2="924" y2="247"/>
-    </g>
-    <g id="outlet-9">
-    <text class="text" x="74" y="273" text-anchor="end">Outlet 9</text>
-    <line class="row" x1="84" y1="269" x2="924" y2="269"/>
-    </g>
-    <g id="outlet-10">
-    <text class="text" x="74" y="295" text-anchor="end">Outlet 10</text>
-    <line class="row" x1="84" y1="291" x2="924" y2="291"/>
-    </g>
-    <g id="outlet-11">
-    <text class="text" x="74" y="317" text-anchor="end">Outlet 11</text>
-    <line class="row" x1="84" y1="313" x2="924" y2="313"/>
-    </g>
-    <g id="outlet-12">
-    <text class="text" x="74" y="339" text-anchor="end">Outlet 12</text>
-    <line class="row" x1="84" y1="335" x2="924" y2="335"/>
-    </g>
-    <g id="outlet-13">
-    <text class="text" x="74" y="361" text-anchor="end">Outlet 13</text>
-    <line class="row" x1="84" y1="357" x2="924" y2="357"/>
-    </g>
+    = svg-idle-outlet 1 93 97
+    = svg-idle-outlet 2 115 119
+    = svg-idle-outlet 3 137 141
+    = svg-idle-outlet 4 159 163
+    = svg-idle-outlet 5 181 185
+    = svg-idle-outlet 6 203 207
+    = svg-idle-outlet 7 225 229
+    = svg-idle-outlet 8 247 251
+    = svg-idle-outlet 9 269 273
+    = svg-idle-outlet 10 291 295
+    = svg-idle-outlet 11 313 317
+    = svg-idle-outlet 12 335 339
+    = svg-idle-outlet 13 357 361
     <g id="outlet-14">
     <text class="text" x="74" y="383" text-anchor="end">Outlet 14</text>
     <line class="row" x1="84" y1="379" x2="924" y2="379"/>

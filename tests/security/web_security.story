@@ -86,16 +86,7 @@ store 251 02D0 "FFFFFFFFFFFFFFF\x10"
 connected 2
 quietly set fraSecuritySettings enabled true
 click cmdReadWBISettings
-    hourglass
-    says "Reading block 1 of 3"
-    > FB1102B010
-    says "Reading block 2 of 3"
-    > FB1102C010
-    says "Reading block 3 of 3"
-    > FB1102D010
-    says "Reading Web Browser Passwords Complete"
-    arrow
-    operation "Read Web Security" complete
+    = web-passwords-read
     enabled true: lblViewPass, lblControlPass, lblAdminPass, lblWebSecurityEnable, txtPswHelp(0-5), cmdWriteWBISettings
     enabled false: txtWebPassword(1)
     text "******": txtWebPassword(2)
@@ -113,16 +104,7 @@ store 251 02B0-02D0 "FFFFFFFFFFFFFFFF"
 connected 2
 quietly set fraSecuritySettings enabled true
 click cmdReadWBISettings
-    hourglass
-    says "Reading block 1 of 3"
-    > FB1102B010
-    says "Reading block 2 of 3"
-    > FB1102C010
-    says "Reading block 3 of 3"
-    > FB1102D010
-    says "Reading Web Browser Passwords Complete"
-    arrow
-    operation "Read Web Security" complete
+    = web-passwords-read
     enabled true: lblViewPass, lblControlPass, lblAdminPass, lblWebSecurityEnable, txtPswHelp(0-5), cmdWriteWBISettings
     text "2222730559E8781291A1168DC9386A3F": txtSalt
     text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtSHA(0-2)
@@ -131,16 +113,7 @@ store 251 02B0 "\xFF"*16
 store 251 02C0 "\x00"*16
 store 251 02D0 "\x10"*16
 click cmdReadWBISettings
-    hourglass
-    says "Reading block 1 of 3"
-    > FB1102B010
-    says "Reading block 2 of 3"
-    > FB1102C010
-    says "Reading block 3 of 3"
-    > FB1102D010
-    says "Reading Web Browser Passwords Complete"
-    arrow
-    operation "Read Web Security" complete
+    = web-passwords-read
     text "******": txtWebPassword(0-2)
     text "C873970F8B0ED609C0C5AC72785FE8AF": txtSalt
     text "4DE630CB2605E7E8DA2FAF335CBBBD40": txtSHA(0-2)
@@ -236,46 +209,7 @@ click cmdReadWBISettings
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    2> FA11000010
-    says "Reading block 1 of 14."
-    2> 811102C010
-    says "Reading block 2 of 14."
-    2> 811102D010
-    says "Reading block 3 of 14."
-    2> 8111002010
-    says "Reading block 4 of 14."
-    2> 8111003010
-    says "Reading block 5 of 14."
-    2> 8111001010
-    says "Reading block 6 of 11."
-    2> 8111004010
-    says "Reading block 6 of 14."
-    2> 8111005010
-    says "Reading block 7 of 14."
-    2> 8111028010
-    says "Reading block 8 of 14."
-    2> 8111029010
-    says "Reading block 9 of 14."
-    2> 811102A010
-    says "Reading block 10 of 14."
-    2> 811102E010
-    says "Reading block 11 of 14."
-    2> 8111032010
-    says "Reading block 12 of 14."
-    2> 811101E010
-    says "Reading block 13 of 14."
-    2> 811102F010
-    says "Reading block 14 of 14."
-    2> 8111030010
-    says "Reading block 15 of 14."
-    2> 8111031010
-    says "Reading Unit Type."
-    2> 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
+    = settings-read-afresh 2
     index 0: SSTab1
     enabled true: fraNetworkSettings, fraMiscOptions, fraFixedIPSettings, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, fraTcpControlSettings
     text "": txtWebPassword(0-2)

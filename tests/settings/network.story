@@ -5,98 +5,15 @@ unit cms
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    > FA11000010
-    says "Reading block 1 of 14."
-    > 811102C010
-    says "Reading block 2 of 14."
-    > 811102D010
-    says "Reading block 3 of 14."
-    > 8111002010
-    says "Reading block 4 of 14."
-    > 8111003010
-    says "Reading block 5 of 14."
-    > 8111001010
-    says "Reading block 6 of 11."
-    > 8111004010
-    says "Reading block 6 of 14."
-    > 8111005010
-    says "Reading block 7 of 14."
-    > 8111028010
-    says "Reading block 8 of 14."
-    > 8111029010
-    says "Reading block 9 of 14."
-    > 811102A010
-    says "Reading block 10 of 14."
-    > 811102E010
-    says "Reading block 11 of 14."
-    > 8111032010
-    says "Reading block 12 of 14."
-    > 811101E010
-    says "Reading block 13 of 14."
-    > 811102F010
-    says "Reading block 14 of 14."
-    > 8111030010
-    says "Reading block 15 of 14."
-    > 8111031010
-    says "Reading Unit Type."
-    > 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
-    caption "Connected Port A": cmdConnect
-    value false: OptButID(250)
-    value true: OptButID(1)
-    enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
-    visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
-    text "10": txtAttackLimit(0)
-    text "20": txtAttackLimit(1)
-    text "30": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
-    text "0": txtForceDisconnect
-    index 3: cmbARPtime
-    text "monitoring": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
-    text "": txtMTPage(0-7)
-    text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
-    text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
-    focus txtIPAddress (14 selected): frmMainForm
-    1: RelayAddress, PasswordConfirmed, ConnectedPortIndex
-    129: DisplayAddress
-    "CMS": UnitType
-    "50Bg": UnitSerialBytes
-    true: AdminLoggedIn, DataValid, MacroChanged
+    = settings-read-afresh
+    = settings-enabled
+    = usual-settings
+    = settings-last
 type txtUnitName "New name"
     text "New name": txtUnitName
     focus txtUnitName (0 selected): frmMainForm
 click cmdWriteNetworkSettings
-    hourglass
-    says "Writing block 1 of 14"
-    > 811200100F4B45535452414E452D4D4455202020
-    says "Writing block 2 of 14"
-    > 8112002010C0A80A64FFFFFF00C0A80A01C0A80A02
-    says "Writing block 3 of 14"
-    > 8112003010C0A80A03C0A80A0504DD04DC04DB0C1E
+    = blocks-of-addresses
     says "Writing block 4 of 14"
     > 8112004010436F6D6D7320526F6F6D203220202020
     says "Writing block 5 of 14"
@@ -129,72 +46,9 @@ store 251 02E0 "\xFF"*8
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    > FA11000010
-    says "Reading block 1 of 14."
-    > 811102C010
-    says "Reading block 2 of 14."
-    > 811102D010
-    says "Reading block 3 of 14."
-    > 8111002010
-    says "Reading block 4 of 14."
-    > 8111003010
-    says "Reading block 5 of 14."
-    > 8111001010
-    says "Reading block 6 of 11."
-    > 8111004010
-    says "Reading block 6 of 14."
-    > 8111005010
-    says "Reading block 7 of 14."
-    > 8111028010
-    says "Reading block 8 of 14."
-    > 8111029010
-    says "Reading block 9 of 14."
-    > 811102A010
-    says "Reading block 10 of 14."
-    > 811102E010
-    says "Reading block 11 of 14."
-    > 811101E010
-    says "Reading block 12 of 14."
-    > 811102F010
-    says "Reading block 13 of 14."
-    > 8111030010
-    says "Reading block 14 of 14."
-    > 8111031010
-    says "Reading Unit Type."
-    > 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
-    caption "Connected Port A": cmdConnect
-    value false: OptButID(250)
-    value true: OptButID(1)
-    enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
-    visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
-    text "10": txtAttackLimit(0)
-    text "20": txtAttackLimit(1)
-    text "30": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
-    text "0": txtForceDisconnect
-    index 3: cmbARPtime
+    = settings-read-without-community
+    = settings-enabled
+    = usual-settings
     text "public": txtCommunity
     text "Network Desk": txtSysContact
     text "01": txtUnitID
@@ -216,44 +70,7 @@ store 251 0010 "\xFF"*800
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    > FA11000010
-    says "Reading block 1 of 14."
-    > 811102C010
-    says "Reading block 2 of 14."
-    > 811102D010
-    says "Reading block 3 of 14."
-    > 8111002010
-    says "Reading block 4 of 14."
-    > 8111003010
-    says "Reading block 5 of 14."
-    > 8111001010
-    says "Reading block 6 of 11."
-    > 8111004010
-    says "Reading block 6 of 14."
-    > 8111005010
-    says "Reading block 7 of 14."
-    > 8111028010
-    says "Reading block 8 of 14."
-    > 8111029010
-    says "Reading block 9 of 14."
-    > 811102A010
-    says "Reading block 10 of 14."
-    > 811102E010
-    says "Reading block 11 of 14."
-    > 811101E010
-    says "Reading block 12 of 14."
-    > 811102F010
-    says "Reading block 13 of 14."
-    > 8111030010
-    says "Reading block 14 of 14."
-    > 8111031010
-    says "Reading Unit Type."
-    > 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
+    = settings-read-without-community
     value false: OptButID(250)
     value true: OptButID(1)
     enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
@@ -287,65 +104,13 @@ store 251 02E8 "\x00\x00\xFF\x32\x18"
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    > FA11000010
-    says "Reading block 1 of 14."
-    > 811102C010
-    says "Reading block 2 of 14."
-    > 811102D010
-    says "Reading block 3 of 14."
-    > 8111002010
-    says "Reading block 4 of 14."
-    > 8111003010
-    says "Reading block 5 of 14."
-    > 8111001010
-    says "Reading block 6 of 11."
-    > 8111004010
-    says "Reading block 6 of 14."
-    > 8111005010
-    says "Reading block 7 of 14."
-    > 8111028010
-    says "Reading block 8 of 14."
-    > 8111029010
-    says "Reading block 9 of 14."
-    > 811102A010
-    says "Reading block 10 of 14."
-    > 811102E010
-    says "Reading block 11 of 14."
-    > 8111032010
-    says "Reading block 12 of 14."
-    > 811101E010
-    says "Reading block 13 of 14."
-    > 811102F010
-    says "Reading block 14 of 14."
-    > 8111030010
-    says "Reading block 15 of 14."
-    > 8111031010
-    says "Reading Unit Type."
-    > 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
-    caption "Connected Port A": cmdConnect
-    value false: OptButID(250)
-    value true: OptButID(1)
-    enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
-    visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
+    = settings-read-afresh
+    = settings-enabled
+    = settings-names
     fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
+    = settings-addresses
     value 1: chkTcpControlEnable(0-2), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
+    = settings-ports
     text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
     text "0": txtAttackLimit(0), txtForceDisconnect
     text "255": txtAttackLimit(1)
@@ -354,19 +119,7 @@ click cmdReadNetworkSettings
     text "2": txtKeyCounter(1)
     text "3": txtKeyCounter(2)
     index 2: cmbARPtime
-    text "monitoring": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
-    text "": txtMTPage(0-7)
-    text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
-    text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
-    focus txtIPAddress (14 selected): frmMainForm
-    1: RelayAddress, PasswordConfirmed, ConnectedPortIndex
-    129: DisplayAddress
-    "CMS": UnitType
-    "50Bg": UnitSerialBytes
-    true: AdminLoggedIn, DataValid, MacroChanged
+    = settings-last
 quietly click cmdWriteNetworkSettings
 memory 251 003E 1
     0C
@@ -411,78 +164,14 @@ quietly click cmdDisconnect
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    2> FA11000010
-    says "Reading block 1 of 14."
-    2> 811102C010
-    says "Reading block 2 of 14."
-    2> 811102D010
-    says "Reading block 3 of 14."
-    2> 8111002010
-    says "Reading block 4 of 14."
-    2> 8111003010
-    says "Reading block 5 of 14."
-    2> 8111001010
-    says "Reading block 6 of 11."
-    2> 8111004010
-    says "Reading block 6 of 14."
-    2> 8111005010
-    says "Reading block 7 of 14."
-    2> 8111028010
-    says "Reading block 8 of 14."
-    2> 8111029010
-    says "Reading block 9 of 14."
-    2> 811102A010
-    says "Reading block 10 of 14."
-    2> 811102E010
-    says "Reading block 11 of 14."
-    2> 8111032010
-    says "Reading block 12 of 14."
-    2> 811101E010
-    says "Reading block 13 of 14."
-    2> 811102F010
-    says "Reading block 14 of 14."
-    2> 8111030010
-    says "Reading block 15 of 14."
-    2> 8111031010
-    says "Reading Unit Type."
-    2> 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
+    = settings-read-afresh 2
     caption "Connected Port A": cmdConnect
     value false: OptButID(250)
     value true: OptButID(1)
     enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers, cmdHelp
     visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
-    text "10": txtAttackLimit(0)
-    text "20": txtAttackLimit(1)
-    text "30": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
-    text "0": txtForceDisconnect
-    index 3: cmbARPtime
-    text "monitoring": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
+    = usual-settings
+    = settings-last-boxes
     text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
     text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
     focus txtIPAddress (14 selected): frmMainForm
@@ -497,13 +186,7 @@ settings-read
 quietly type txtUnitName "New name"
 drop 5
 click cmdWriteNetworkSettings
-    hourglass
-    says "Writing block 1 of 14"
-    > 811200100F4B45535452414E452D4D4455202020
-    says "Writing block 2 of 14"
-    > 8112002010C0A80A64FFFFFF00C0A80A01C0A80A02
-    says "Writing block 3 of 14"
-    > 8112003010C0A80A03C0A80A0504DD04DC04DB0C1E
+    = blocks-of-addresses
     says "Writing block 4 of 14"
     > 8112004010436F6D6D7320526F6F6D203220202020
     says "Writing block 5 of 14"
@@ -523,87 +206,16 @@ store 251 02F0 "\x00"*48
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    > FA11000010
-    says "Reading block 1 of 14."
-    > 811102C010
-    says "Reading block 2 of 14."
-    > 811102D010
-    says "Reading block 3 of 14."
-    > 8111002010
-    says "Reading block 4 of 14."
-    > 8111003010
-    says "Reading block 5 of 14."
-    > 8111001010
-    says "Reading block 6 of 11."
-    > 8111004010
-    says "Reading block 6 of 14."
-    > 8111005010
-    says "Reading block 7 of 14."
-    > 8111028010
-    says "Reading block 8 of 14."
-    > 8111029010
-    says "Reading block 9 of 14."
-    > 811102A010
-    says "Reading block 10 of 14."
-    > 811102E010
-    says "Reading block 11 of 14."
-    > 8111032010
-    says "Reading block 12 of 14."
-    > 811101E010
-    says "Reading block 13 of 14."
-    > 811102F010
-    says "Reading block 14 of 14."
-    > 8111030010
-    says "Reading block 15 of 14."
-    > 8111031010
-    says "Reading Unit Type."
-    > 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
-    caption "Connected Port A": cmdConnect
-    value false: OptButID(250)
-    value true: OptButID(1)
-    enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
-    visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
+    = settings-read-afresh
+    = settings-enabled
+    = settings-names
     fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
+    = settings-addresses
     value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
+    = settings-ports
     text "Chaskey is set - type to change key": txtChaskey(0-2)
-    text "10": txtAttackLimit(0)
-    text "20": txtAttackLimit(1)
-    text "30": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
-    text "0": txtForceDisconnect
-    index 3: cmbARPtime
-    text "monitoring": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
-    text "": txtMTPage(0-7)
-    text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
-    text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
-    focus txtIPAddress (14 selected): frmMainForm
-    1: RelayAddress, PasswordConfirmed, ConnectedPortIndex
-    129: DisplayAddress
-    "CMS": UnitType
-    "50Bg": UnitSerialBytes
-    true: AdminLoggedIn, DataValid, MacroChanged
+    = settings-limits
+    = settings-last
 type txtChaskey(1) "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"
     text "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA": txtChaskey(1)
     focus txtChaskey(1) (0 selected): frmMainForm
@@ -612,13 +224,7 @@ click cmdChaskeyGen(2)
     fore 0: txtChaskey(2)
     focus cmdChaskeyGen(2): frmMainForm
 click cmdWriteNetworkSettings
-    hourglass
-    says "Writing block 1 of 14"
-    > 811200100F4B45535452414E452D4D4455202020
-    says "Writing block 2 of 14"
-    > 8112002010C0A80A64FFFFFF00C0A80A01C0A80A02
-    says "Writing block 3 of 14"
-    > 8112003010C0A80A03C0A80A0504DD04DC04DB0C1E
+    = blocks-of-addresses
     says "Writing block 4 of 14"
     > 8112004010436F6D6D7320526F6F6D203220202020
     says "Writing block 5 of 14"
@@ -681,13 +287,7 @@ quietly click cmdReadNetworkSettings
 set cmbARPtime -1
     index -1: cmbARPtime
 click cmdWriteNetworkSettings
-    hourglass
-    says "Writing block 1 of 14"
-    > 811200100F4B45535452414E452D4D4455202020
-    says "Writing block 2 of 14"
-    > 8112002010C0A80A64FFFFFF00C0A80A01C0A80A02
-    says "Writing block 3 of 14"
-    > 8112003010C0A80A03C0A80A0504DD04DC04DB0C1E
+    = blocks-of-addresses
     says "Writing block 4 of 14"
     > 8112004010436F6D6D7320526F6F6D203220202020
     says "Writing block 5 of 14"

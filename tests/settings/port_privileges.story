@@ -64,16 +64,7 @@ store 250 03E0 "\x05\x77\x10\x77\x10\x77"
 connected 1
 quietly set ConnectedPortIndex 1
 click cmdReadTCPPortPriv
-    hourglass
-    says "Reading relay privileges"
-    > FA1103E002
-    says "Reading display privileges"
-    > FB1103E002
-    > FB1103E202
-    > FB1103E402
-    says "Privilege read complete"
-    arrow
-    operation "Read Port Privileges" complete
+    = rights-read
     enabled true: lblPriv(1 100-106 111-113 2 200-207 211-213), lblPrivRelay(107), lblPrivByte(110 120 130 1110 1120 1130 210 220 230 1210 1220 1230), cmdWriteTCPPortPriv
     value 1: chkPriv(110 112 210-217 221 225)
     visible false: chkPriv(120-127 130-137)
@@ -89,16 +80,7 @@ click cmdReadTCPPortPriv
     focus cmdReadTCPPortPriv: frmMainForm
 # No box changes, so none is clicked.
 click cmdReadTCPPortPriv
-    hourglass
-    says "Reading relay privileges"
-    > FA1103E002
-    says "Reading display privileges"
-    > FB1103E002
-    > FB1103E202
-    > FB1103E402
-    says "Privilege read complete"
-    arrow
-    operation "Read Port Privileges" complete
+    = rights-read
 click chkPriv(111)
     value 1: chkPriv(111)
     caption " 7": lblPrivByte(110)
@@ -147,16 +129,7 @@ click cmdWriteTCPPortPriv
     says "Privilege write complete"
     arrow
     operation "Write Port Privileges" complete
-    hourglass
-    says "Reading relay privileges"
-    > FA1103E002
-    says "Reading display privileges"
-    > FB1103E002
-    > FB1103E202
-    > FB1103E402
-    says "Privilege read complete"
-    arrow
-    operation "Read Port Privileges" complete
+    = rights-read
     visible false: chkPriv(120-127 130-137)
     value 0: chkPriv(121 123-124)
     caption " 0": lblPrivByte(120)
@@ -223,79 +196,15 @@ click cmdWriteTCPPortPriv
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    hourglass
-    says "Read Unit ID"
-    2> FA11000010
-    says "Reading block 1 of 14."
-    2> 811102C010
-    says "Reading block 2 of 14."
-    2> 811102D010
-    says "Reading block 3 of 14."
-    2> 8111002010
-    says "Reading block 4 of 14."
-    2> 8111003010
-    says "Reading block 5 of 14."
-    2> 8111001010
-    says "Reading block 6 of 11."
-    2> 8111004010
-    says "Reading block 6 of 14."
-    2> 8111005010
-    says "Reading block 7 of 14."
-    2> 8111028010
-    says "Reading block 8 of 14."
-    2> 8111029010
-    says "Reading block 9 of 14."
-    2> 811102A010
-    says "Reading block 10 of 14."
-    2> 811102E010
-    says "Reading block 11 of 14."
-    2> 8111032010
-    says "Reading block 12 of 14."
-    2> 811101E010
-    says "Reading block 13 of 14."
-    2> 811102F010
-    says "Reading block 14 of 14."
-    2> 8111030010
-    says "Reading block 15 of 14."
-    2> 8111031010
-    says "Reading Unit Type."
-    2> 8141
-    says "Reading memory complete."
-    arrow
-    operation "Read Network Settings" complete
+    = settings-read-afresh 2
     caption "Connected Port A": cmdConnect
     value false: OptButID(250)
     value true: OptButID(1)
     index 0: SSTab1
     visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
     enabled true: fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
-    text "KESTRANE-MDU": txtNetbiosName
-    text "Comms Room 2": txtUnitLocation
-    text "MDU Rack 4": txtUnitName
-    text "192.168.10.5": txtTimeServerIP
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    text "192.168.10.100": txtIPAddress
-    text "255.255.255.0": txtSubnetMask
-    text "192.168.10.1": txtDefaultGateway
-    text "192.168.10.2": txtPrimaryDNS
-    text "192.168.10.3": txtSecondaryDNS
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    text "1243": txtTcpControlPort(0)
-    text "1244": txtTcpControlPort(1)
-    text "1245": txtTcpControlPort(2)
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
-    text "10": txtAttackLimit(0)
-    text "20": txtAttackLimit(1)
-    text "30": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
-    text "0": txtForceDisconnect
-    index 3: cmbARPtime
-    text "monitoring": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
+    = usual-settings
+    = settings-last-boxes
     enabled false: lblPriv(1 100-106 111-113 2 200-207 211-213), lblPrivRelay(107), lblPrivByte(110 120 130 1110 1120 1130 210 220 230 1210 1220 1230), cmdWriteTCPPortPriv
     value 0: chkPriv(110-117 121 123-124 210-217 221 225)
     caption " 0": lblPrivByte(110 120 210 220)
