@@ -156,18 +156,6 @@ go txtMTName(0)
     box "Invalid Address.|Hex address for macro is not valid. Must be between hex 10 and 7E"
     text "": txtMTAddress(2)
     2: beeps
-type txtMTAddress(2) "01"
-    text "01": txtMTAddress(2)
-go txtMTName(0)
-    box "Invalid Address.|Hex address for macro is not valid. Must be between hex 10 and 7E"
-    text "": txtMTAddress(2)
-    3: beeps
-type txtMTAddress(2) "ff"
-    text "ff": txtMTAddress(2)
-go txtMTName(0)
-    box "Invalid Address.|Hex address for macro is not valid. Must be between hex 10 and 7E"
-    text "": txtMTAddress(2)
-    4: beeps
 type txtMTAddress(2) "10"
     text "10": txtMTAddress(2)
 go txtMTName(0)
@@ -177,28 +165,6 @@ go txtMTName(0)
 type txtMTAddress(2) "00"
     text "00": txtMTAddress(2)
     fore 255: txtMTAddress(2)
-    focus txtMTAddress(2) (0 selected): frmMainForm
-go txtMTName(0)
-    text "": txtMTAddress(2)
-    value 0: chkMacro(2)
-    enabled false: chkMacro(2)
-    focus txtMTName(0) (0 selected): frmMainForm
-type txtMTAddress(2) "10"
-    text "10": txtMTAddress(2)
-    focus txtMTAddress(2) (0 selected): frmMainForm
-quietly set chkMacro(2) enabled true
-quietly set chkMacro(2) 1
-type txtMTAddress(2) "5"
-    text "5": txtMTAddress(2)
-go txtMTName(0)
-    text "": txtMTAddress(2)
-    value 0: chkMacro(2)
-    enabled false: chkMacro(2)
-    focus txtMTName(0) (0 selected): frmMainForm
-quietly set chkMacro(2) enabled true
-quietly set chkMacro(2) 1
-type txtMTAddress(2) "G1"
-    text "G1": txtMTAddress(2)
     focus txtMTAddress(2) (0 selected): frmMainForm
 go txtMTName(0)
     text "": txtMTAddress(2)

@@ -166,6 +166,7 @@ click cmd1WireCommit
     fore 0: lbl1WAddress(0)
     caption "3F0000019A4C7126": lbl1We2p(0)
     caption "No Sensor committed": lbl1We2p(1-15)
+store 250 0200-0280 "\xFF"*16
 click cmd1WireClear
     hourglass
     says "Clearing 1-Wire Memory"
@@ -174,6 +175,8 @@ click cmd1WireClear
     = live-sensors FA
     arrow
     operation "Clear 1-Wire Addresses" complete
+    fore 255: lbl1WAddress(0)
+    caption "No Sensor committed": lbl1We2p(0)
 reply FA8203
 click cmd1WireCommit
     hourglass
@@ -284,33 +287,6 @@ click cmdRead1WNames
     enabled false: cmdRead1WLive, cmd1WireClear, cmd1WireCommit, cmdResetMinMax
     focus txt1WName(0) (8 selected): frmMainForm
     true: OneWireRead, OneWireUnsupported
-
-== On a unit commit makes the tables agree, and clear empties one
-unit cms
-settings-read
-quietly choose SSTab1 5
-quietly click cmdRead1WNames
-click cmd1WireCommit
-    hourglass
-    says "Committing 1-Wire Memory"
-    > 018203
-    = committed-sensors 01
-    arrow
-    operation "Commit 1-Wire Addresses" complete
-    fore 0: lbl1WAddress(2 4)
-    caption "920000063B8A1728": lbl1We2p(2)
-    caption "E80000019B074426": lbl1We2p(4)
-    caption "No Sensor committed": lbl1We2p(5)
-click cmd1WireClear
-    hourglass
-    says "Clearing 1-Wire Memory"
-    > 018202
-    = committed-sensors 01
-    = live-sensors 01
-    arrow
-    operation "Clear 1-Wire Addresses" complete
-    fore 255: lbl1WAddress(0-4)
-    caption "No Sensor committed": lbl1We2p(0-4)
 
 == A read that outlives its connection leaves the next one alone
 unit cms

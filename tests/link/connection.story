@@ -6,22 +6,11 @@ wait 100
     back 2147483663: cmdConnect
     caption "Socket is closed": lblNotLoggedIn
     fore 65280: lblNotLoggedIn
-show lblNotLoggedIn caption
-    "Socket is closed"
-show lblNotLoggedIn fore
-    65280
-show cmdReadNetworkSettings enabled
-    false
-show fraNetworkSettings enabled
-    false
-show fraIPAddress enabled
-    true
+show cmdReadNetworkSettings fraNetworkSettings fraIPAddress tab(0) tab(8) enabled
+    enabled true: fraIPAddress
+    enabled false: tab(0 8), fraNetworkSettings, cmdReadNetworkSettings
 show LastTabIndex
-    8
-show tab(0) enabled
-    false
-show tab(8) enabled
-    false
+    8: LastTabIndex
 
 == Every state has its text
 state 1
@@ -208,7 +197,7 @@ wait 200
     0: tcpsend.state
 # It runs on until the next connect.
 show timDisconnect enabled
-    true
+    enabled true: timDisconnect
 click cmdConnect
     enabled false: fraIPAddress, cmdConnect, timDisconnect
     value true: OptButID(250)

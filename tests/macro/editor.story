@@ -64,18 +64,6 @@ edit 50
     enabled true: timUpdate, timUDColour
     visible true: frmScriptEdit
     false: MacroChanged
-show chkAutoIncrement value
-    0
-show chkTrace value
-    0
-show scrListScroll value
-    16
-show txtGroup1 text
-    "00"
-show txtGoTo text
-    "10"
-show MacroChanged
-    false
 close
     enabled false: timUpdate, timUDColour
     visible false: frmScriptEdit

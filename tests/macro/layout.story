@@ -4,54 +4,15 @@
 unit cms
 settings-read
 quietly edit 8000
-show cmdInsertCommand(3) visible
-    true
-show cmdInsertCommand(4) visible
-    true
-show cmdInsertCommand(198) visible
-    true
-show cmdInsertCommand(192) visible
-    true
-show cmdInsertCommand(193) visible
-    true
-show cmdInsertCommand(194) visible
-    true
-show cmdInsertCommand(195) visible
-    true
-show cmdInsertCommand(196) visible
-    true
-show cmdInsertCommand(197) visible
-    true
-show cmdInsertCommand(199) visible
-    true
-show imgFuse(15) visible
-    true
-show pbLED(14) visible
-    true
-show pbLED(15) visible
-    true
-show lblDesi(116) visible
-    true
-show lblDesi(216) visible
-    true
-show imgFuse2Block visible
-    true
-show imgFuse7Block(0) visible
-    true
-show imgFuse7Block(1) visible
-    true
-show lblFuseNo(14) visible
-    true
-show lblFuseNo(15) visible
-    true
-show cmdInsertCommand(192) caption
-    "CHANGE OVER INT"
-show cmdInsertCommand(193) caption
-    "CHANGE BACK INT"
-show lblFuseNo(14) caption
-    "M"
-show lblFuseNo(15) caption
-    "B"
+show cmdInsertCommand(3) cmdInsertCommand(4) cmdInsertCommand(192) cmdInsertCommand(193) cmdInsertCommand(194) cmdInsertCommand(195) cmdInsertCommand(196) cmdInsertCommand(197) cmdInsertCommand(198) cmdInsertCommand(199) visible
+    visible true: cmdInsertCommand(3-4 192-199)
+show imgFuse(15) imgFuse2Block imgFuse7Block(0) imgFuse7Block(1) lblFuseNo(14) lblFuseNo(15) pbLED(14) pbLED(15) lblDesi(116) lblDesi(216) visible
+    visible true: lblFuseNo(14-15), pbLED(14-15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216)
+show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) caption
+    caption "M": lblFuseNo(14)
+    caption "B": lblFuseNo(15)
+    caption "CHANGE OVER INT": cmdInsertCommand(192)
+    caption "CHANGE BACK INT": cmdInsertCommand(193)
 close
     caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
     caption "Stop": lblCommand(0-4 10-15)
@@ -63,54 +24,16 @@ close
 unit 636
 settings-read
 quietly edit 8000
-show cmdInsertCommand(3) visible
-    true
-show cmdInsertCommand(4) visible
-    true
-show cmdInsertCommand(198) visible
-    true
-show cmdInsertCommand(192) visible
-    false
-show cmdInsertCommand(193) visible
-    false
-show cmdInsertCommand(194) visible
-    false
-show cmdInsertCommand(195) visible
-    false
-show cmdInsertCommand(196) visible
-    false
-show cmdInsertCommand(197) visible
-    false
-show cmdInsertCommand(199) visible
-    false
-show imgFuse(15) visible
-    true
-show pbLED(14) visible
-    true
-show pbLED(15) visible
-    true
-show lblDesi(116) visible
-    true
-show lblDesi(216) visible
-    true
-show imgFuse2Block visible
-    true
-show imgFuse7Block(0) visible
-    true
-show imgFuse7Block(1) visible
-    true
-show lblFuseNo(14) visible
-    true
-show lblFuseNo(15) visible
-    true
-show cmdInsertCommand(192) caption
-    "SUPPLY LOSS INT"
-show cmdInsertCommand(193) caption
-    "SUPPLY BACK INT"
-show lblFuseNo(14) caption
-    "A"
-show lblFuseNo(15) caption
-    "B"
+show cmdInsertCommand(3) cmdInsertCommand(4) cmdInsertCommand(192) cmdInsertCommand(193) cmdInsertCommand(194) cmdInsertCommand(195) cmdInsertCommand(196) cmdInsertCommand(197) cmdInsertCommand(198) cmdInsertCommand(199) visible
+    visible true: cmdInsertCommand(3-4 198)
+    visible false: cmdInsertCommand(192-197 199)
+show imgFuse(15) imgFuse2Block imgFuse7Block(0) imgFuse7Block(1) lblFuseNo(14) lblFuseNo(15) pbLED(14) pbLED(15) lblDesi(116) lblDesi(216) visible
+    visible true: lblFuseNo(14-15), pbLED(14-15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216)
+show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) caption
+    caption "A": lblFuseNo(14)
+    caption "B": lblFuseNo(15)
+    caption "SUPPLY LOSS INT": cmdInsertCommand(192)
+    caption "SUPPLY BACK INT": cmdInsertCommand(193)
 close
     caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
     caption "Stop": lblCommand(0-4 10-15)
@@ -122,54 +45,16 @@ close
 unit single
 settings-read
 quietly edit 8000
-show cmdInsertCommand(3) visible
-    true
-show cmdInsertCommand(4) visible
-    true
-show cmdInsertCommand(198) visible
-    true
-show cmdInsertCommand(192) visible
-    false
-show cmdInsertCommand(193) visible
-    false
-show cmdInsertCommand(194) visible
-    false
-show cmdInsertCommand(195) visible
-    false
-show cmdInsertCommand(196) visible
-    false
-show cmdInsertCommand(197) visible
-    false
-show cmdInsertCommand(199) visible
-    false
-show imgFuse(15) visible
-    false
-show pbLED(14) visible
-    true
-show pbLED(15) visible
-    false
-show lblDesi(116) visible
-    false
-show lblDesi(216) visible
-    false
-show imgFuse2Block visible
-    false
-show imgFuse7Block(0) visible
-    false
-show imgFuse7Block(1) visible
-    false
-show lblFuseNo(14) visible
-    false
-show lblFuseNo(15) visible
-    false
-show cmdInsertCommand(192) caption
-    "SUPPLY LOSS INT"
-show cmdInsertCommand(193) caption
-    "SUPPLY BACK INT"
-show lblFuseNo(14) caption
-    ""
-show lblFuseNo(15) caption
-    ""
+show cmdInsertCommand(3) cmdInsertCommand(4) cmdInsertCommand(192) cmdInsertCommand(193) cmdInsertCommand(194) cmdInsertCommand(195) cmdInsertCommand(196) cmdInsertCommand(197) cmdInsertCommand(198) cmdInsertCommand(199) visible
+    visible true: cmdInsertCommand(3-4 198)
+    visible false: cmdInsertCommand(192-197 199)
+show imgFuse(15) imgFuse2Block imgFuse7Block(0) imgFuse7Block(1) lblFuseNo(14) lblFuseNo(15) pbLED(14) pbLED(15) lblDesi(116) lblDesi(216) visible
+    visible false: lblFuseNo(14-15), pbLED(15), imgFuse(15), imgFuse2Block, imgFuse7Block(0-1), lblDesi(116 216)
+    visible true: pbLED(14)
+show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) caption
+    caption "": lblFuseNo(14-15)
+    caption "SUPPLY LOSS INT": cmdInsertCommand(192)
+    caption "SUPPLY BACK INT": cmdInsertCommand(193)
 close
     caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
     caption "Stop": lblCommand(0-4 10-15)

@@ -1,117 +1,84 @@
 # Source text: what each way to write an instruction gives, and what is said of each fault.
 
 == Each way to write an instruction
-assemble Alarm status Flash and Beep\nhere: Stop
+assemble Alarm status Flash and Beep
     10: C6 03
-    11: 00 00
-assemble   alarm\x09STATUS   beep only ; and a remark\nhere: Stop
+assemble   alarm\x09STATUS   beep only ; and a remark
     10: C6 01
-    11: 00 00
-assemble ALARM STATUS 2\nhere: Stop
+assemble ALARM STATUS 2
     10: C6 02
-    11: 00 00
-assemble Turn on outlet 1 after 0.5 seconds, skip if already on\nhere: Stop
+assemble Turn on outlet 1 after 0.5 seconds, skip if already on
     10: 40 05
-    11: 00 00
-assemble Turn off outlet  14 after fixed delay of 63.0 seconds\nhere: Stop
+assemble Turn off outlet  14 after fixed delay of 63.0 seconds
     10: 1D 7F
-    11: 00 00
-assemble ON 2 0.5\nhere: Stop
+assemble ON 2 0.5
     10: 41 05
-    11: 00 00
-assemble on 3 2 always\nhere: Stop
+assemble on 3 2 always
     10: 22 14
-    11: 00 00
-assemble OFF 14 100\nhere: Stop
+assemble OFF 14 100
     10: 3D 8A
-    11: 00 00
-assemble off 1 0 ALWAYS\nhere: Stop
+assemble off 1 0 ALWAYS
     10: 10 00
-    11: 00 00
-assemble ALL OFF 0.5\nhere: Stop
+assemble ALL OFF 0.5
     10: 51 05
-    11: 00 00
-assemble WAIT 10\nhere: Stop
+assemble WAIT 10
     10: 02 4A
-    11: 00 00
-assemble Wait for 1.0 seconds\nhere: Stop
+assemble Wait for 1.0 seconds
     10: 02 0A
-    11: 00 00
-assemble WAIT 70.\nhere: Stop
+assemble WAIT 70.
     10: 02 87
-    11: 00 00
-assemble WAIT .5\nhere: Stop
+assemble WAIT .5
     10: 02 05
-    11: 00 00
-assemble COUNT1 LOAD 3\nhere: Stop
+assemble COUNT1 LOAD 3
     10: A0 03
-    11: 00 00
-assemble Load counter 2 with 255\nhere: Stop
+assemble Load counter 2 with 255
     10: B0 FF
-    11: 00 00
-assemble CH. BACK DELAY 7\nhere: Stop
+assemble CH. BACK DELAY 7
     10: C5 07
-    11: 00 00
-assemble Change back delay 7 x10 seconds\nhere: Stop
+assemble Change back delay 7 x10 seconds
     10: C5 07
-    11: 00 00
-assemble MAIN (A) LOCK OFF 1-8 (1 3 5)\nhere: Stop
+assemble MAIN (A) LOCK OFF 1-8 (1 3 5)
     10: 56 15
-    11: 00 00
-assemble Main (A) lock off 1 - 8 ( 1 - 3 )\nhere: Stop
+assemble Main (A) lock off 1 - 8 ( 1 - 3 )
     10: 56 05
-    11: 00 00
-assemble Main (A) lock off 1 - 8 ()\nhere: Stop
+assemble Main (A) lock off 1 - 8 ()
     10: 56 00
-    11: 00 00
-assemble BACK (B) OUTLETS 9-14 (9-14)\nhere: Stop
+assemble BACK (B) OUTLETS 9-14 (9-14)
     10: E9 21
-    11: 00 00
-assemble MAIN (A) MACROS (8)\nhere: Stop
+assemble MAIN (A) MACROS (8)
     10: E7 80
-    11: 00 00
-assemble Main (A) web misc not used\nhere: Stop
+assemble Main (A) web misc not used
     10: E8 00
-    11: 00 00
-assemble BYTES e8 05\nhere: Stop
+assemble BYTES e8 05
     10: E8 05
-    11: 00 00
-assemble Preferred Supply: B non sync\nhere: Stop
+assemble Preferred Supply: B non sync
     10: C7 05
-    11: 00 00
-assemble PREF SUPPLY A sync\nhere: Stop
+assemble PREF SUPPLY A sync
     10: C7 01
-    11: 00 00
-assemble REJECT CYCLE\nhere: Stop
+assemble REJECT CYCLE
     10: 53 00
-    11: 00 00
 assemble GOTO here\nhere: Stop
     10: 01 11
     11: 00 00
 assemble Goto address HERE\nhere: Stop
     10: 01 11
     11: 00 00
-assemble goto 7e\nhere: Stop
+assemble goto 7e
     10: 01 7E
-    11: 00 00
-assemble GOTO .\nhere: Stop
+assemble GOTO .
     10: 01 10
-    11: 00 00
-assemble GPI1 LOW\nhere: Stop
+assemble GPI1 LOW
     10: 60 00
-    11: 00 00
 assemble GPI1 LOW INT here\nhere: Stop
     10: 62 11
     11: 00 00
-assemble GPI12 HIGH\nhere: Stop
+assemble GPI12 HIGH
     10: 71 00
-    11: 00 00
 assemble COUNT1 DEC here\nhere: Stop
     10: A1 11
     11: 00 00
-assemble Increment counter 1, if 255 goto address 20\nhere: Stop
+assemble Increment counter 1, if 255 goto address 20
     10: A2 20
-    11: 00 00
 assemble CHANGE OVER INT here\nhere: Stop
     10: C0 11
     11: 00 00

@@ -8,7 +8,7 @@ click cmdReadNetworkSettings
     = settings-read-afresh
     = settings-enabled
     = usual-settings
-    = settings-last
+    = settings-last monitoring
 type txtUnitName "New name"
     text "New name": txtUnitName
     focus txtUnitName (0 selected): frmMainForm
@@ -49,19 +49,7 @@ click cmdReadNetworkSettings
     = settings-read-without-community
     = settings-enabled
     = usual-settings
-    text "public": txtCommunity
-    text "Network Desk": txtSysContact
-    text "01": txtUnitID
-    text "120": txtOledTimeout
-    text "": txtMTPage(0-7)
-    text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
-    text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
-    focus txtIPAddress (14 selected): frmMainForm
-    1: RelayAddress, PasswordConfirmed, ConnectedPortIndex
-    129: DisplayAddress
-    "CMS": UnitType
-    "50Bg": UnitSerialBytes
-    true: AdminLoggedIn, DataValid, MacroChanged
+    = settings-last public
 
 == Erased memory
 # Names show any byte. 255 / 16 rounds to 16, which is masked to the first item of the list.
@@ -119,7 +107,7 @@ click cmdReadNetworkSettings
     text "2": txtKeyCounter(1)
     text "3": txtKeyCounter(2)
     index 2: cmbARPtime
-    = settings-last
+    = settings-last monitoring
 quietly click cmdWriteNetworkSettings
 memory 251 003E 1
     0C
@@ -171,7 +159,7 @@ click cmdReadNetworkSettings
     enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers, cmdHelp
     visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
     = usual-settings
-    = settings-last-boxes
+    = settings-last-boxes monitoring
     text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
     text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
     focus txtIPAddress (14 selected): frmMainForm
@@ -215,7 +203,7 @@ click cmdReadNetworkSettings
     = settings-ports
     text "Chaskey is set - type to change key": txtChaskey(0-2)
     = settings-limits
-    = settings-last
+    = settings-last monitoring
 type txtChaskey(1) "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"
     text "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA": txtChaskey(1)
     focus txtChaskey(1) (0 selected): frmMainForm
@@ -333,18 +321,15 @@ call cmdWriteNetworkSettings
 unit 636
 settings-read
 show UnitType
-    "636"
-show lblBackup visible
-    true
-show tab(6) visible
-    false
+    "636": UnitType
+show lblBackup tab(6) visible
+    visible false: tab(6)
+    visible true: lblBackup
 
 == Of a unit with a single supply
 unit single
 settings-read
 show UnitType
-    ""
-show lblBackup visible
-    false
-show tab(6) visible
-    false
+    "": UnitType
+show lblBackup tab(6) visible
+    visible false: tab(6), lblBackup

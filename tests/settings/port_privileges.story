@@ -204,7 +204,7 @@ click cmdWriteTCPPortPriv
     visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
     enabled true: fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
     = usual-settings
-    = settings-last-boxes
+    = settings-last-boxes monitoring
     enabled false: lblPriv(1 100-106 111-113 2 200-207 211-213), lblPrivRelay(107), lblPrivByte(110 120 130 1110 1120 1130 210 220 230 1210 1220 1230), cmdWriteTCPPortPriv
     value 0: chkPriv(110-117 121 123-124 210-217 221 225)
     caption " 0": lblPrivByte(110 120 210 220)

@@ -200,7 +200,7 @@
     = settings-limits
 
 == settings-last
-    = settings-last-boxes
+    = settings-last-boxes {1}
     text "": txtMTPage(0-7)
     text "\xF1\xDAEJ\x11\xE8\x1C\xA8\x94\x02\xB4\xB1\xCC\xF7`\x10": txtAdminName
     text "\xC9\x00\xAB6\x00jf\x87\x5C\xBD\x1FN\x06\xB9/\xA0": txtAdminPassword
@@ -212,7 +212,7 @@
     true: AdminLoggedIn, DataValid, MacroChanged
 
 == settings-last-boxes
-    text "monitoring": txtCommunity
+    text "{1}": txtCommunity
     text "Network Desk": txtSysContact
     text "01": txtUnitID
     text "120": txtOledTimeout

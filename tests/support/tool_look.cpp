@@ -1,8 +1,8 @@
 #include "support/tool_look.h"
 
+#include <algorithm>
 #include <map>
 
-#include "support/story_words.h"
 #include "text/text.h"
 #include "tool/session_variables.h"
 
@@ -56,6 +56,18 @@ void LookAtForm(const Form& form, std::vector<Seen>& all) {
     all.push_back({"visible", form.name(), -1, Text(form.Visible())});
 }
 
+std::vector<std::string> Grouped(const std::vector<Seen>& all) {
+    std::vector<std::string> order;
+    std::map<std::string, std::vector<IndexedName>> groups;
+    for (const auto& [property, base, index, value] : all) {
+        const std::string group = property + (property.empty() ? "" : " ") + value;
+        if (groups[group].empty()) order.push_back(group);
+        groups[group].emplace_back(base, index);
+    }
+    for (std::string& group : order) group += ": " + NameList(groups[group]);
+    return order;
+}
+
 }  // namespace
 
 std::vector<Seen> LookAt(Tool& tool) {
@@ -81,17 +93,21 @@ std::vector<Seen> LookAt(Tool& tool) {
 
 std::vector<std::string> Differences(const std::vector<Seen>& before,
                                      const std::vector<Seen>& after) {
-    std::vector<std::string> order;
-    std::map<std::string, std::vector<IndexedName>> groups;
+    std::vector<Seen> changed;
     for (std::size_t i = 0; i < after.size(); ++i) {
-        const auto& [property, base, index, value] = after[i];
-        if (value == before[i].value) continue;
-        const std::string group = property + (property.empty() ? "" : " ") + value;
-        if (groups[group].empty()) order.push_back(group);
-        groups[group].emplace_back(base, index);
+        if (after[i].value != before[i].value) changed.push_back(after[i]);
     }
-    for (std::string& group : order) group += ": " + NameList(groups[group]);
-    return order;
+    return Grouped(changed);
+}
+
+std::vector<std::string> Shown(Tool& tool, const StoryWords& words) {
+    const std::string property = words.size() > 2 ? words.back() : "";
+    std::vector<Seen> shown = LookAt(tool);
+    std::erase_if(shown, [&](const Seen& seen) {
+        const std::string name = NameList({{seen.base, seen.index}});
+        return seen.property != property || std::count(words.begin(), words.end(), name) == 0;
+    });
+    return Grouped(shown);
 }
 
 }  // namespace kestrane

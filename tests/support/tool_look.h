@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/story_words.h"
 #include "tool/tool.h"
 
 namespace kestrane {
@@ -23,5 +24,8 @@ std::vector<Seen> LookAt(Tool& tool);
 // "enabled true: cmdHelp, lblOutlet(0-13)", a line for each property and value that is new.
 std::vector<std::string> Differences(const std::vector<Seen>& before,
                                      const std::vector<Seen>& after);
+
+// The same of what is named in "show NAME ... [property]"; a variable has no property.
+std::vector<std::string> Shown(Tool& tool, const StoryWords& words);
 
 }  // namespace kestrane

@@ -201,9 +201,11 @@ class Player : private ScreenListener, private JournalObserver {
              world_.tcpsend.ForceState(static_cast<SocketState>(std::stoi(w.at(1))));
          }},
         {"image", [this](const StoryWords& w) { Fill(2 * Hex(w.at(1)), HexPairs(w.at(2))); }},
-        {"cat", [this](const StoryWords& w) { ShowFile(w.at(1), 1000); }},
         {"head", [this](const StoryWords& w) { ShowFile(w.at(1), std::stoi(w.at(2))); }},
-        {"show", [this](const StoryWords& w) { Show(w.at(1), w.size() > 2 ? w[2] : ""); }},
+        {"show",
+         [this](const StoryWords& w) {
+             for (const std::string& line : Shown(*tool_, w)) log_.push_back(line);
+         }},
         {"memory",
          [this](const StoryWords& w) {
              log_.push_back(
@@ -299,13 +301,6 @@ class Player : private ScreenListener, private JournalObserver {
         std::istringstream lines(world_.disk.files.at(path));
         for (std::string line; most > 0 && std::getline(lines, line); --most) {
             log_.push_back(Quoted(line));
-        }
-    }
-    void Show(const std::string& name, const std::string& property) {
-        for (const Seen& seen : LookAt(*tool_)) {
-            if (seen.property == property && NameList({{seen.base, seen.index}}) == name) {
-                log_.push_back(seen.value);
-            }
         }
     }
 
