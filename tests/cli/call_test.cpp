@@ -100,26 +100,6 @@ TEST_F(CallTest, Set_WritesAndTellsOldAndNew) {
     EXPECT_EQ(complaints, Words{});
 }
 
-TEST_F(CallTest, Set_WritesSeveralTabsOfWhichSomeClearWhenTheyAreLeft) {
-    ASSERT_EQ(Set({"txtOutUpper(3)=Web", "txtStartup(0)=33", "optInE2P(2)=true", "txtCurrent(3)=9",
-                   "txtMTAddress(1)=20", "txt1WName(2)=Floor", "chkPriv(132)=1", "txtUnitID=03",
-                   "txtSysContact=me"}),
-              kExitDone)
-        << Complaint();
-    EXPECT_EQ(printed.size(), 10u) << "who writes the others' rights reads them";
-    const Json all =
-        ReadJson({"network", "names", "triggers", "1wire", "changeover", "privileges"});
-    EXPECT_EQ(all["names"]["txtOutUpper(3)"], "Web");
-    EXPECT_EQ(all["changeover"]["txtStartup(0)"], "33");
-    EXPECT_EQ(all["changeover"]["optInE2P(2)"], true);
-    EXPECT_EQ(all["changeover"]["txtCurrent(3)"], "9");
-    EXPECT_EQ(all["triggers"]["txtMTAddress(1)"], "20");
-    EXPECT_EQ(all["1wire"]["txt1WName(2)"], "Floor");
-    EXPECT_EQ(all["privileges"]["chkPriv(132)"], 1);
-    EXPECT_EQ(all["network"]["txtUnitID"], "03");
-    EXPECT_EQ(all["network"]["txtSysContact"], "me");
-}
-
 struct RefusedSet {
     Words words;
     std::string reason;  // a part of it

@@ -86,38 +86,7 @@ set txtOutLower(13) "\x10"
     text "\x10": txtOutLower(13)
 click cmdWriteChannelNames
     hourglass
-    says "Writing inlet name"
-    > FB1200601020204D61696E20206C6F6E6765722074
-    > FB12007010202020202020202068696464656E2020
-    says "Writing outlet name 1 of 14"
-    > FB1200801020202020202020202020202020202020
-    says "Writing outlet name 2 of 14"
-    > FB1200901020202020202020202020202020202020
-    says "Writing outlet name 3 of 14"
-    > FB1200A01020202020202020202020202020202020
-    says "Writing outlet name 4 of 14"
-    > FB1200B01020202020202020202020202020202020
-    says "Writing outlet name 5 of 14"
-    > FB1200C01020202020202020202020202020202020
-    says "Writing outlet name 6 of 14"
-    > FB1200D01020202020202020202020202020202020
-    says "Writing outlet name 7 of 14"
-    > FB1200E01020202020202020202020202020202020
-    says "Writing outlet name 8 of 14"
-    > FB1200F01020202020202020202020202020202020
-    says "Writing outlet name 9 of 14"
-    > FB1201001065786163746C79382020202020202020
-    says "Writing outlet name 10 of 14"
-    > FB1201101020202020202020202020202020202020
-    says "Writing outlet name 11 of 14"
-    > FB1201201020202020202020202020202020202020
-    says "Writing outlet name 12 of 14"
-    > FB1201301020202020202020202020202020202020
-    says "Writing outlet name 13 of 14"
-    > FB1201401020202020202020202020202020202020
-    says "Writing outlet name 14 of 14"
-    > FB1201501020202020202020201020202020202020
-    says "Writing names complete"
+    = channel-names-written 20204D61696E20206C6F6E6765722074 202020202020202068696464656E2020 65786163746C79382020202020202020 20202020202020201020202020202020
     arrow
     operation "Write Channel Names" complete
     focus cmdWriteChannelNames: frmMainForm
@@ -152,38 +121,7 @@ click cmdWriteChannelNames
 quietly click cmdReadChannelNames
 click cmdWriteChannelNames
     hourglass
-    says "Writing inlet name"
-    > FB1200601020202020202020202020202020202020
-    > FB1200701020202020202020202020202020202020
-    says "Writing outlet name 1 of 14"
-    > FB1200801020202020202020202020202020202020
-    says "Writing outlet name 2 of 14"
-    > FB1200901020202020202020202020202020202020
-    says "Writing outlet name 3 of 14"
-    > FB1200A01020202020202020202020202020202020
-    says "Writing outlet name 4 of 14"
-    > FB1200B01020202020202020202020202020202020
-    says "Writing outlet name 5 of 14"
-    > FB1200C01020202020202020202020202020202020
-    says "Writing outlet name 6 of 14"
-    > FB1200D01020202020202020202020202020202020
-    says "Writing outlet name 7 of 14"
-    > FB1200E01020202020202020202020202020202020
-    says "Writing outlet name 8 of 14"
-    > FB1200F01020202020202020202020202020202020
-    says "Writing outlet name 9 of 14"
-    > FB1201001020202020202020202020202020202020
-    says "Writing outlet name 10 of 14"
-    > FB1201101020202020202020202020202020202020
-    says "Writing outlet name 11 of 14"
-    > FB1201201020202020202020202020202020202020
-    says "Writing outlet name 12 of 14"
-    > FB1201301020202020202020202020202020202020
-    says "Writing outlet name 13 of 14"
-    > FB1201401020202020202020202020202020202020
-    says "Writing outlet name 14 of 14"
-    > FB1201501020202020202020202020202020202020
-    says "Writing names complete"
+    = channel-names-written 20202020202020202020202020202020 20202020202020202020202020202020 20202020202020202020202020202020 20202020202020202020202020202020
     arrow
     operation "Write Channel Names" complete
     focus cmdWriteChannelNames: frmMainForm

@@ -97,25 +97,6 @@ class Status : public testing::Test, public OpenEditor<ToolOnScript> {
     int polls = 0;
 };
 
-TEST_F(Status, IsPolledTenTimesASecond) {
-    InEditor([&] {
-        EXPECT_EQ(Light(0), kLampRed);
-        record = Record(0x0001, 0x0001, 0x4000, 0x33);
-        polls = 0;
-        Wait(2000);
-        EXPECT_NEAR(polls, 20, 1);
-        EXPECT_EQ(Light(0), kLampGreen);
-        EXPECT_EQ(Light(14), kLampGreen);
-        EXPECT_EQ(editor.scrListScroll.ScrollValue(), 16);
-        // Another length leaves the picture.
-        for (const int length : {0, 12, 14}) {
-            record = std::string(static_cast<std::size_t>(length), '\0');
-            Wait(500);
-            EXPECT_EQ(Light(0), kLampGreen);
-        }
-    });
-}
-
 // A tick that is handled in one go with the reader's, before the wait has seen the answer.
 TEST_F(Status, IsTakenByTheNextTickIfThatComesFirst) {
     InEditor([&] {

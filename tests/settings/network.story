@@ -13,13 +13,7 @@ type txtUnitName "New name"
     text "New name": txtUnitName
     focus txtUnitName (0 selected): frmMainForm
 click cmdWriteNetworkSettings
-    = blocks-of-addresses
-    says "Writing block 4 of 14"
-    > 8112004010436F6D6D7320526F6F6D203220202020
-    says "Writing block 5 of 14"
-    > 81120050104E6577206E616D652020202020202020
-    says "Writing block 6 of 14"
-    > 811202801020202020202020202020202020202020
+    = blocks-to-6 4E6577206E616D652020202020202020
     says "Writing block 7 of 14"
     > 811202901020202020202020202020202020202020
     says "Writing block 8 of 14"
@@ -174,13 +168,7 @@ settings-read
 quietly type txtUnitName "New name"
 drop 5
 click cmdWriteNetworkSettings
-    = blocks-of-addresses
-    says "Writing block 4 of 14"
-    > 8112004010436F6D6D7320526F6F6D203220202020
-    says "Writing block 5 of 14"
-    > 81120050104E6577206E616D652020202020202020
-    says "Writing block 6 of 14"
-    > 811202801020202020202020202020202020202020
+    = blocks-to-6 4E6577206E616D652020202020202020
     arrow
     operation "Write Network Settings" stopped
     enabled false: fraNetworkSettings, fraMiscOptions, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings
@@ -212,13 +200,7 @@ click cmdChaskeyGen(2)
     fore 0: txtChaskey(2)
     focus cmdChaskeyGen(2): frmMainForm
 click cmdWriteNetworkSettings
-    = blocks-of-addresses
-    says "Writing block 4 of 14"
-    > 8112004010436F6D6D7320526F6F6D203220202020
-    says "Writing block 5 of 14"
-    > 81120050104D4455205261636B2034202020202020
-    says "Writing block 6 of 14"
-    > 811202801020202020202020202020202020202020
+    = blocks-to-6 4D4455205261636B2034202020202020
     says "Writing block 7 of 14"
     > 811202901020202020202020202020202020202020
     says "Writing block 8 of 14"
@@ -275,13 +257,7 @@ quietly click cmdReadNetworkSettings
 set cmbARPtime -1
     index -1: cmbARPtime
 click cmdWriteNetworkSettings
-    = blocks-of-addresses
-    says "Writing block 4 of 14"
-    > 8112004010436F6D6D7320526F6F6D203220202020
-    says "Writing block 5 of 14"
-    > 81120050104D4455205261636B2034202020202020
-    says "Writing block 6 of 14"
-    > 811202801020202020202020202020202020202020
+    = blocks-to-6 4D4455205261636B2034202020202020
     says "Writing block 7 of 14"
     > 811202901020202020202020202020202020202020
     says "Writing block 8 of 14"

@@ -19,17 +19,10 @@ struct Network : ::testing::Test, ToolOnUnit {
 
 TEST_F(Network, ReadThenWriteChangesOnlyWhatItMust) {
     ReadSettings();
-    const std::string before = Stored(0x0000, 0x0400);
-    world.tcpsend.ClearSent();
+    std::string expected = Stored(0x0000, 0x0400);
     WriteSettings();
-    std::string expected = before;
     expected.replace(0x0280, 32, std::string(32, ' '));
     EXPECT_EQ(HexText(Stored(0x0000, 0x0400)), HexText(expected));
-    EXPECT_EQ(form.lblMemoryBlock.Caption(), "Memory write complete.");
-    EXPECT_TRUE(EditingOpen());
-    EXPECT_FALSE(network.cmdUnitID.Enabled()) << "it waits for an edit";
-    EXPECT_TRUE(network.cmdWriteNetworkSettings.Usable());
-    EXPECT_TRUE(network.fraTimeServer.Enabled());
 }
 
 TEST_F(Network, ABlankInAOneByteFieldStopsTheReadThere) {

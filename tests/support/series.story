@@ -217,7 +217,7 @@
     text "01": txtUnitID
     text "120": txtOledTimeout
 
-== blocks-of-addresses
+== blocks-to-6
     hourglass
     says "Writing block 1 of 14"
     > 811200100F4B45535452414E452D4D4455202020
@@ -225,6 +225,12 @@
     > 8112002010C0A80A64FFFFFF00C0A80A01C0A80A02
     says "Writing block 3 of 14"
     > 8112003010C0A80A03C0A80A0504DD04DC04DB0C1E
+    says "Writing block 4 of 14"
+    > 8112004010436F6D6D7320526F6F6D203220202020
+    says "Writing block 5 of 14"
+    > 8112005010{1}
+    says "Writing block 6 of 14"
+    > 811202801020202020202020202020202020202020
 
 == channel-names
     says "Reading inlet name(s)"
@@ -259,6 +265,40 @@
     says "Reading outlet name 14 of 14"
     {1}> FB11015010
     says "Reading channel names complete"
+
+== channel-names-written
+    says "Writing inlet name"
+    > FB12006010{1}
+    > FB12007010{2}
+    says "Writing outlet name 1 of 14"
+    > FB1200801020202020202020202020202020202020
+    says "Writing outlet name 2 of 14"
+    > FB1200901020202020202020202020202020202020
+    says "Writing outlet name 3 of 14"
+    > FB1200A01020202020202020202020202020202020
+    says "Writing outlet name 4 of 14"
+    > FB1200B01020202020202020202020202020202020
+    says "Writing outlet name 5 of 14"
+    > FB1200C01020202020202020202020202020202020
+    says "Writing outlet name 6 of 14"
+    > FB1200D01020202020202020202020202020202020
+    says "Writing outlet name 7 of 14"
+    > FB1200E01020202020202020202020202020202020
+    says "Writing outlet name 8 of 14"
+    > FB1200F01020202020202020202020202020202020
+    says "Writing outlet name 9 of 14"
+    > FB12010010{3}
+    says "Writing outlet name 10 of 14"
+    > FB1201101020202020202020202020202020202020
+    says "Writing outlet name 11 of 14"
+    > FB1201201020202020202020202020202020202020
+    says "Writing outlet name 12 of 14"
+    > FB1201301020202020202020202020202020202020
+    says "Writing outlet name 13 of 14"
+    > FB1201401020202020202020202020202020202020
+    says "Writing outlet name 14 of 14"
+    > FB12015010{4}
+    says "Writing names complete"
 
 == rows-of-the-standard-program
     caption "C6": lblMem1(0)
