@@ -168,9 +168,8 @@ void Assembler::ReadTrigger(SourceLine& line) {
 void Assembler::ReadInstruction(SourceLine& line) {
     const kestrane::ReadInstruction read = ReadInstructionText(line.Rest());
     const std::size_t at = line.at();
-    if (read.fault) {
-        Fault(at + read.fault->at, FromByteText(read.fault->text));
-    } else if (read.label == ".") {
+    for (const TextFault& fault : read.faults) Fault(at + fault.at, FromByteText(fault.text));
+    if (read.label == ".") {
         if (next_ > kLastJumpTarget) Fault(at + read.label_at, "a jump does not reach beyond 7E");
     } else if (!read.label.empty()) {
         uses_.push_back({Place(at + read.label_at), read.label, next_, -1});

@@ -63,10 +63,10 @@ bool InstructionAttempt::Number(int least, int most, std::string_view what, std:
     const std::string_view word = Word();
     const long number = IsDigits(word) ? std::lround(std::min(Val(word), 1e6)) : -1;
     if (number < least || number > most) {
-        return FailOperand(
-            (word.empty() ? "a number is missing" : Quoted(word) + " is wrong here") +
-            std::string(", ") + std::string(what) + " is a number from " + std::to_string(least) +
-            " to " + std::to_string(most));
+        return FailWord(word,
+                        (word.empty() ? "a number is missing" : Quoted(word) + " is wrong here") +
+                            std::string(", ") + std::string(what) + " is a number from " +
+                            std::to_string(least) + " to " + std::to_string(most));
     }
     value = static_cast<std::uint8_t>(number);
     at_ += word.size();
@@ -77,8 +77,8 @@ bool InstructionAttempt::Time() {
     const std::string_view word = Word();
     const ExactTime time = ExactTimeCode(word);
     if (!time.code) {
-        return FailOperand((word.empty() ? "a time is missing" : Quoted(word)) + ": " +
-                           time.why_not);
+        return FailWord(word,
+                        (word.empty() ? "a time is missing" : Quoted(word)) + ": " + time.why_not);
     }
     result_.second = *time.code;
     at_ += word.size();
@@ -86,8 +86,9 @@ bool InstructionAttempt::Time() {
 }
 
 bool InstructionAttempt::HexByteWord(std::uint8_t& value) {
-    const auto byte = HexPair(Word());
-    if (!byte) return FailOperand("two hexadecimal digits are expected here");
+    const std::string_view word = Word();
+    const auto byte = HexPair(word);
+    if (!byte) return FailWord(word, "two hexadecimal digits are expected here");
     value = *byte;
     at_ += 2;
     return true;
@@ -97,16 +98,16 @@ bool InstructionAttempt::Address() {
     const std::string_view word = Word();
     if (const auto byte = HexPair(word)) {
         if (!OperandInRange(kestrane::Operand::kAddress, *byte)) {
-            return FailOperand("address " + std::string(word) +
-                               " is out of range, addresses to go to are 10 to 7E");
+            return FailWord(word, "address " + std::string(word) +
+                                      " is out of range, addresses to go to are 10 to 7E");
         }
         result_.second = *byte;
     } else if (word == "." || IsLabel(word)) {
         result_.label = word;
         result_.label_at = at_;
     } else {
-        return FailOperand((word.empty() ? "an address is missing" : Quoted(word)) +
-                           ": an address is a label, two hexadecimal digits, or \".\"");
+        return FailWord(word, (word.empty() ? "an address is missing" : Quoted(word)) +
+                                  ": an address is a label, two hexadecimal digits, or \".\"");
     }
     at_ += word.size();
     return true;
@@ -125,8 +126,9 @@ bool InstructionAttempt::Mask(int group) {
         const std::string_view item = rest.substr(0, rest.find_first_of(" \t-)"));
         const long number = IsDigits(item) ? std::lround(std::min(Val(item), 1e6)) : -1;
         if (number < first || number > last) {
-            return FailOperand(Quoted(item) + " is not in this list, which takes " +
+            FailWord(item, Quoted(item) + " is not in this list, which takes " +
                                std::to_string(first) + " to " + std::to_string(last));
+            continue;
         }
         mask |= 1u << (number - first);
         at_ += item.size();
@@ -145,7 +147,7 @@ bool InstructionAttempt::Choice(kestrane::Operand operand) {
             result_.second = static_cast<std::uint8_t>(static_cast<int>(i) + first);
             return true;
         }
-        result_.fault.reset();
+        result_.faults.clear();
         at_ = start;
         all += (all.empty() ? "" : ", ") + Quoted(names[i]);
     }

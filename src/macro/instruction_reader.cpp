@@ -1,5 +1,7 @@
 #include "macro/instruction_reader.h"
 
+#include <iterator>
+#include <tuple>
 #include <utility>
 
 #include "macro/instruction_attempt.h"
@@ -62,7 +64,8 @@ bool TryBytes(InstructionAttempt& attempt) {
            attempt.Literal(" ") && attempt.HexByteWord(result.second) && attempt.End();
 }
 
-// Keeps the attempt that came farthest; at the same place one that understood all but an operand.
+// Keeps the attempt whose first fault stands farthest, at the same place one that understood all
+// but an operand; of these the one that came farthest with the fewest faults.
 class Best {
   public:
     explicit Best(std::string_view text) : text_(text) {}
@@ -70,9 +73,13 @@ class Best {
     template <typename Try>
     bool Succeeds(Try&& try_it) {
         InstructionAttempt attempt(text_);
-        const bool good = try_it(attempt);
-        const std::size_t at = good ? 0 : attempt.result().fault->at;
-        const auto rank = std::pair(at, attempt.operand_at_fault());
+        const bool whole = try_it(attempt);
+        const auto& faults = attempt.result().faults;
+        const bool good = faults.empty();
+        const Rank rank =
+            good ? Rank{}
+                 : Rank{faults.front().at, attempt.operand_at_fault(),
+                        whole ? text_.size() + 1 : faults.back().at, -std::ssize(faults)};
         if (good || !found_ || rank > rank_) {
             found_ = true;
             rank_ = rank;
@@ -83,9 +90,12 @@ class Best {
     const ReadInstruction& result() const { return result_; }
 
   private:
+    // First fault, whether it is an operand's, how far, how few faults.
+    using Rank = std::tuple<std::size_t, bool, std::size_t, std::ptrdiff_t>;
+
     std::string_view text_;
     bool found_ = false;
-    std::pair<std::size_t, bool> rank_;
+    Rank rank_;
     ReadInstruction result_;
 };
 
@@ -135,11 +145,11 @@ ReadInstruction ReadInstructionText(std::string_view text) {
         if (TryRow(best, row, text)) return best.result();
     }
     ReadInstruction result = best.result();
-    if (result.fault->at == 0) {
+    if (result.faults.front().at == 0) {
         const std::string_view word = text.substr(0, text.find_first_of(" \t"));
-        result.fault->text = Quoted(word) +
-                             " does not begin an instruction; write its text or the caption of "
-                             "its button, or ON, OFF or BYTES";
+        result.faults = {{0, Quoted(word) +
+                                 " does not begin an instruction; write its text or the caption "
+                                 "of its button, or ON, OFF or BYTES"}};
     }
     return result;
 }
@@ -149,7 +159,7 @@ std::string InstructionSource(std::uint8_t opcode, std::uint8_t second, std::str
     std::string text = SingleBlanks(CmdDecode(opcode, second, unit_type));
     const bool trailing = !text.empty() && text.back() == ' ';
     const ReadInstruction read = trailing ? ReadInstruction{} : ReadInstructionText(text);
-    if (trailing || read.fault || read.opcode != opcode || read.second != second) {
+    if (trailing || !read.faults.empty() || read.opcode != opcode || read.second != second) {
         return "BYTES " + HexByte(opcode) + " " + HexByte(second);
     }
     if (!target.empty() && FindInstruction(opcode)->operand == Operand::kAddress) {

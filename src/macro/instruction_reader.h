@@ -12,9 +12,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "macro/source_words.h"
 
@@ -27,7 +27,7 @@ struct ReadInstruction {
     // then for the caller to fill.
     std::string label;
     std::size_t label_at = 0;
-    std::optional<TextFault> fault;  // the rest is void with it
+    std::vector<TextFault> faults;  // in the order of the text; the bytes are void with any
 };
 
 // `text` neither begins nor ends with a blank.

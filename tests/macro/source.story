@@ -213,6 +213,20 @@ assemble GOTO nowhere\x0D\nStopp\x0DOFF 0 1\n\x09WAIT 0.55\nStop
     2:1: "Stopp" does not begin an instruction; write its text or the caption of its button, or ON, OFF or BYTES
     3:5: "0" is wrong here, an outlet is a number from 1 to 14
     4:7: "0.55": no code holds it exactly, the nearest are 0.5 and 0.6
+assemble ON 15 0.33\nTurn on outlet 16 after 0.33 second, skip if already on\nGOTO nowhere 5\nBYTES 1 2 3
+    1:4: "15" is wrong here, an outlet is a number from 1 to 14
+    1:7: "0.33": no code holds it exactly, the nearest are 0.3 and 0.4
+    2:16: "16" is wrong here, an outlet is a number from 1 to 14
+    2:25: "0.33": no code holds it exactly, the nearest are 0.3 and 0.4
+    2:30: "seconds," is expected here
+    3:6: label nowhere is not defined; write "nowhere:" before an instruction
+    3:14: "5" is too much, the instruction ends before it
+    4:7: two hexadecimal digits are expected here
+    4:9: two hexadecimal digits are expected here
+    4:11: "3" is too much, the instruction ends before it
+assemble MAIN (A) LOCK OFF 1-8 (1 9 12 3)
+    1:26: "9" is not in this list, which takes 1 to 8
+    1:28: "12" is not in this list, which takes 1 to 8
 assemble at 7F: GOTO 10
     1:8: warning: an upload clears the second byte at 7F, so that this operand does not reach the unit; put the instruction at a lower address
     7F: 01 10
