@@ -17,6 +17,7 @@ class CallDriver {
     // Each is true if it went well; else Failure() tells in one line what failed and what to do.
     bool Connect() { return session_.Connect(); }
     bool Read(const TabRow& tab) { return session_.Read(tab); }
+    bool Write(const TabRow& tab) { return session_.Write(tab); }
     bool InMacroEditor(const std::function<void()>& work) { return session_.InMacroEditor(work); }
     const std::string& Failure() const { return session_.Failure(); }
 

@@ -203,12 +203,11 @@ class Upload : public MacroTransfer {
             tab.chkMacro(i).SetChecked(row.enabled);
         }
         Begin();
-        const Refusal refusal = tool_.hand.Click(tab.cmdWriteMacroTriggers);
+        const bool good = driver_.Write(*FindTab("triggers"));
         const TransferBlocks written = WrittenTriggers();
-        if (refusal || !written.AllAccepted()) {
-            const std::string why = refusal ? *refusal + "; " : std::string();
-            return Fail(written, why + "the unit holds the program of " + file +
-                                     ", and in the unit " + written.WhatUnitHolds());
+        if (!good || !written.AllAccepted()) {
+            return Fail(written, "the unit holds the program of " + file + ", and in the unit " +
+                                     written.WhatUnitHolds());
         }
         context_.print("the unit holds the program and the macro triggers of " + file);
         return kExitDone;

@@ -219,6 +219,20 @@ TEST_F(MacroCallTest, UploadsSourceAndTriggersOnlyIfAsked) {
     EXPECT_EQ(Run({"upload", file, "--triggers"}), kExitUsage);
 }
 
+TEST_F(MacroCallTest, UploadEndsWhereverTheLineIsLost) {
+    WriteFile("trigger 2 \"Night\" enabled 10\nStop\n");
+    constexpr int kStep = 5;  // the triggers, which go last, take eight
+    int exchange = 0;
+    do {
+        tool.hand.Click(tool.main_form.cmdDisconnect);
+        peer.line().PassNext(exchange);
+        peer.line().CutNext(0);
+        exchange += kStep;
+    } while (Run({"upload", file, "--triggers"}) == kExitUnit);
+    EXPECT_GT(exchange, 80);
+    EXPECT_EQ(peer.unit().Display().Read(0x210, 5), "Night");
+}
+
 TEST_F(MacroCallTest, TouchesNothingForABadFileOrARefusal) {
     WriteFile("'Kestrane\r\n'Macro Triggers\r\n");
     EXPECT_EQ(Run({"upload", file}), kExitUsage);
