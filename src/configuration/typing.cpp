@@ -119,7 +119,7 @@ void Typing::Type(const TabRow& tab) {
         if (tab.Holds(*change.setting)) changes.push_back(&change);
     }
     if (changes.empty()) return;
-    if (tab.kind == TabKind::kMacro) return;  // put in when it is written
+    if (tab.kind == TabKind::kMacro) return CheckLastMacroLine();  // put in when it is written
     if (std::string_view(tab.name) == "security") TypeOtherLevels();
     std::map<const SettingChange*, Refusal> refused;
     constexpr int kPasses = 3;
@@ -197,6 +197,17 @@ void Typing::CheckTabTogether(const TabRow& tab) {
     if (name == "security") CheckPasswords();
     if (name == "privileges") CheckColumns();
     if (name == "triggers") CheckTriggers();
+}
+
+// An upload would clear the second byte, and the report would tell of one that never arrived.
+void Typing::CheckLastMacroLine() {
+    for (const SettingChange& change : report_.changes) {
+        if (change.setting->key != "macro.7F") continue;
+        const std::string line = std::get<std::string>(change.after).substr(0, 5);
+        if (line.ends_with("00")) continue;
+        refusals_.push_back("macro.7F: \"" + line + "\" can't be written, as an upload clears " +
+                            "the second byte there; give \"" + line.substr(0, 3) + "00\"");
+    }
 }
 
 // An address that was read as 00 leaves the switch open, and the write would let it pass.

@@ -43,6 +43,7 @@ class Typing {
     void CheckNetwork();
     void CheckPasswords();
     void CheckColumns();
+    void CheckLastMacroLine();
     void CheckTriggers();
 
     UnitSession& session_;

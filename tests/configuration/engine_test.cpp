@@ -71,7 +71,7 @@ TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
           R"({"unit": {"id": "62"}})", R"({"ports": {"a": {"attack_limit": 5}}})",
           R"({"security": {"view": {"password": "x"}}})",
           R"({"triggers": {"8": {"address": "", "enabled": true}}})",
-          R"({"triggers": {"4": {"enabled": true}}})",
+          R"({"triggers": {"4": {"enabled": true}}})", R"({"macro": {"7F": "C6 03"}})",
           R"({"privileges": {"relay": {"a": {"write_other_privileges": true,
              "read_other_privileges": false}}}})"}) {
         const ApplyReport report = ApplyTo(Values(settings));
