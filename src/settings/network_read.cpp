@@ -58,7 +58,7 @@ void NetworkRead::cmdReadNetworkSettings_Click() {
     if (link_.Connected()) {
         Prepare();
         complete = ReadAll();
-        if (!complete) operation.Stop("a block holds a value that can't be shown");
+        if (!complete) operation.Stop(WhyStopped());
     }
     if (complete) {
         if (session_.AdminLoggedIn) EnableSettings();
@@ -75,11 +75,22 @@ void NetworkRead::Prepare() {
     session_.known.names = session_.known.triggers = false;
 }
 
+// Counts unless the exchange with the block has failed, which the journal tells by itself.
+std::string NetworkRead::WhyStopped() const {
+    const auto hex = [](int byte) { return HexByte(static_cast<std::uint8_t>(byte)); };
+    const std::string block =
+        address_ < 0 ? "block 0x0000 of the relay board"
+                     : "block 0x" + hex(address_ >> 8) + hex(address_) + " of the display board";
+    return block + " holds a value that can't be shown; give the unit another by other means";
+}
+
 bool NetworkRead::ReadAll() {
+    address_ = -1;
     if (!identity_.ReadUnitID()) return false;
     int number = 0;
     for (const Row& row : kRows) {
         if (row.only_own_community && IsDefaultCommunity(community_start_)) continue;
+        address_ = row.address;
         if (!row.fixed_caption) ++number;
         if (!ReadBlock(row, number) || !(this->*row.take)()) return false;
     }

@@ -21,6 +21,7 @@ class NetworkRead {
     static const Row kRows[];
 
     void Prepare();
+    std::string WhyStopped() const;
     bool ReadAll();
     bool ReadBlock(const Row& row, int number);
     void EnableSettings();
@@ -52,6 +53,7 @@ class NetworkRead {
     Session& session_;
     Link& link_;
     Identity& identity_;
+    int address_ = -1;             // of the last block; -1 for the identity block
     std::string block_;            // the 16 data bytes of the last block
     std::string community_start_;  // between its two blocks
 };

@@ -47,6 +47,12 @@ TEST_F(CallTest, Read_EndsWhereverTheLineIsLost) {
     }
 }
 
+TEST_F(CallTest, Read_NamesTheBlockWithAValueThatCannotBeShown) {
+    peer.unit().Display().Set(0x2E9, ' ');
+    EXPECT_EQ(Read({"network"}), kExitUnit);
+    EXPECT_NE(Complaint().find("block 0x02E0 of the display board holds"), std::string::npos);
+}
+
 TEST_F(CallTest, Read_TellsOfAUnitThatCannotBeReached) {
     world.tcpsend.set_connect_answer(FakeSocket::ConnectAnswer::kRefuse);
     EXPECT_EQ(Read({"network"}), kExitUnit);
