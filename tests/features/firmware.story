@@ -7,19 +7,7 @@ answer FB28 "\x3D\x1F\x00\x00\x01\x00\xFF"
 answer FA21 "\x12\x3A\x0B\x0F"
 connected 7
 click cmdGetUnitFirmware
-    hourglass
-    says "Reading Relay Version"
-    > FA28
-    says "Reading Display Version"
-    > FB28
-    says "Reading Serial Number"
-    > FA21
-    says "Getting latest Firmware versions"
-    says ""
-    fetches http://server.example/kestraneversions/ past all caches
-    says "Reading Unit Firmware Complete"
-    arrow
-    operation "Read Firmware Versions" complete
+    = versions-read
     enabled true: cmdResetEthernet, fraChangeoverOptions, fraDefaultInlet, lblTypeText, lblType, lblSerialNoText, lblSerialNo, lblFittedColumn, lblLatestColumn, lblRelayText, lblRelayVersion, lblRelayLatest, lblDisplayText, lblDisplayVersion, lblDisplayLatest
     caption "KMD 305TX": lblType
     caption "KMD35A0B0F": lblSerialNo
@@ -57,19 +45,7 @@ answer FA21 "\x12\x3A\x0B\x0F"
 connected 7
 quietly set AdminLoggedIn false
 call cmdGetUnitFirmware
-    hourglass
-    says "Reading Relay Version"
-    > FA28
-    says "Reading Display Version"
-    > FB28
-    says "Reading Serial Number"
-    > FA21
-    says "Getting latest Firmware versions"
-    says ""
-    fetches http://server.example/kestraneversions/ past all caches
-    says "Reading Unit Firmware Complete"
-    arrow
-    operation "Read Firmware Versions" complete
+    = versions-read
     enabled true: lblTypeText, lblType, lblSerialNoText, lblSerialNo, lblFittedColumn, lblLatestColumn, lblRelayText, lblRelayVersion, lblRelayLatest, lblDisplayText, lblDisplayVersion, lblDisplayLatest
     caption "KMD 305TX": lblType
     caption "KMD35A0B0F": lblSerialNo

@@ -311,7 +311,7 @@ click cmdRead1WNames
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    = settings-read-afresh 2
+    = settings-read 2
     index 0: SSTab1
     enabled true: fraNetworkSettings, fraMiscOptions, fraFixedIPSettings, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, fraTcpControlSettings, fraSecuritySettings, lblSense(0-3), lbl1WAddress(0-15), lbl1WType(0-15), lbl1We2p(0-15), lbl1WTotalText, lbl1WTotal, lblSensorType(0-4)
     fore 0: lbl1WAddress(0-1)

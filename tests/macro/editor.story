@@ -138,12 +138,7 @@ type txtGroup1 ""
     focus txtGroup1 (0 selected): frmScriptEdit
 click cmdInsertCommand(231)
     focus scrListScroll: frmScriptEdit
-close
-    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
-    caption "00": lblMem1(0)
-    caption "Stop": lblCommand(0)
-    = editor-closed
-    00 00: image(10)
+quietly close
 
 == Inserts step on, up to the last address of a jump
 quietly set AdminLoggedIn true
@@ -179,13 +174,7 @@ click cmdInsertCommand(82)
     caption "52": lblMem1(15)
     caption "All outlets on after fixed delay of 0.0 seconds": lblCommand(15)
     52 00: image(7E)
-close
-    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
-    value 16: scrListScroll
-    caption "00": lblMem1(13-15)
-    caption "Stop": lblCommand(13-15)
-    = editor-closed-at-the-top 15
-    00 00: image(7C-7E)
+quietly close
 
 == At the last address only outlets can be inserted
 quietly set AdminLoggedIn true
@@ -205,12 +194,7 @@ click cmdOn(0)
     caption "Turn on outlet  1 after 0.0 seconds, skip if already on": lblCommand(7)
     focus scrListScroll: frmScriptEdit
     40 00: image(7F)
-close
-    value 16: scrListScroll
-    caption "00": lblMem1(7)
-    caption "Stop": lblCommand(7)
-    = editor-closed-at-the-top 7
-    00 00: image(7F)
+quietly close
 
 == In trace an insert lands where the cursor stood before
 quietly set AdminLoggedIn true
@@ -230,11 +214,7 @@ click cmdInsertCommand(81)
     true: MacroChanged
     80: MemPointer
     51 00: image(20)
-close
-    box "Any changes?|Have you Uploaded or saved any changes you have made, otherwise they will be lost?"
-    value 16: scrListScroll
-    = editor-closed-at-the-top 7
-    00 00: image(20)
+quietly close
 
 == The second byte is red until it is accepted
 # Leaving the box accepts it, leaving the time does not. No code holds a negative time.
@@ -266,8 +246,7 @@ type txtSecondByteTime "-5"
     focus txtSecondByteTime (0 selected): frmScriptEdit
 click cmdSecondByteTimeOK
     focus cmdSecondByteTimeOK: frmScriptEdit
-close
-    = editor-closed
+quietly close
 
 == Trace puts the cursor into the middle, and clearing it takes it back
 quietly set AdminLoggedIn true
@@ -285,9 +264,7 @@ click chkTrace
     enabled true: timUpdate
     enabled false: timTrace
     focus chkTrace: frmScriptEdit
-close
-    value 16: scrListScroll
-    = editor-closed-at-the-top 7
+quietly close
 
 == A click on a row reads it after the refresh
 # In trace the list moves below the click: row 12 held 1C and holds 21 then. The last rows of the
@@ -358,16 +335,7 @@ click lblCommand(12)
     3: CurrentSecondByte
 quietly choose scrListScroll 127
 click lblCommand(15)
-close
-    value 16: scrListScroll
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    value 0: chkTrace
-    enabled false: timTrace, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
-    00 00: image(15 1C 21)
+quietly close
 
 == The standard program, and clearing it
 quietly set AdminLoggedIn true
@@ -395,8 +363,7 @@ click cmdClearMem
     16: MemPointer, ListTop
     0: ListRow
     00 00: image(10-14 1A-27 2A-37)
-close
-    = editor-closed
+quietly close
 
 == On a unit; an address that is not one is sent as 00
 # Status; triggers from 0200, names from 0060; the program; then polls.
@@ -501,33 +468,11 @@ edit 8000
     caption "Console": lblDesi(213)
     caption "Feed A": lblDesi(215)
     caption "Feed B": lblDesi(216)
-    caption "C6": lblMem1(0)
-    caption "03": lblMem1(1), lblMem2(0)
-    caption "D2": lblMem1(2)
-    caption "D3": lblMem1(3)
-    caption "04": lblMem1(4)
+    = standard-codes-at-10
     caption "00": lblMem1(5-9), lblMem2(1 4-9)
-    caption "40": lblMem1(10)
-    caption "41": lblMem1(11)
-    caption "42": lblMem1(12)
-    caption "43": lblMem1(13)
-    caption "44": lblMem1(14)
-    caption "45": lblMem1(15)
-    caption "1A": lblMem2(2)
-    caption "2A": lblMem2(3)
-    caption "05": lblMem2(10-15)
-    caption "Alarm status Flash and Beep": lblCommand(0)
-    caption "GPI Disable": lblCommand(1)
-    caption "Set on/off switch on interrupt address 1A": lblCommand(2)
-    caption "Set on/off switch off interrupt address 2A": lblCommand(3)
-    caption "GPI Enable": lblCommand(4)
+    = standard-codes-and-texts
     caption "Stop": lblCommand(5-9)
-    caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
-    caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
-    caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
-    caption "Turn on outlet  4 after 0.5 seconds, skip if already on": lblCommand(13)
-    caption "Turn on outlet  5 after 0.5 seconds, skip if already on": lblCommand(14)
-    caption "Turn on outlet  6 after 0.5 seconds, skip if already on": lblCommand(15)
+    = standard-outlets
     visible true: shpOutline(0), frmScriptEdit
     enabled false: cmdReadLocks, cmdInsertCommand(199)
     back 2147483663: cmdDownload, cmdUpload
@@ -608,12 +553,4 @@ click cmdUpload
     focus cmdUpload: frmScriptEdit
     false: MacroChanged
     22 00: image(7F)
-close
-    value 16: scrListScroll
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: ListTop
-    0: ListRow
-    00 00: image(7F)
+quietly close

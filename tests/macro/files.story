@@ -83,8 +83,7 @@ click cmdSaveFile
 click cmdLoadFile
     asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
     focus cmdLoadFile: frmScriptEdit
-close
-    = editor-closed
+quietly close
 
 == What is saved loads back, and imported triggers are told of when the editor closes
 # Their addresses are checked before: 7F is refused, 00 empties its row.
@@ -184,9 +183,7 @@ click cmdLoadFile
     asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
     box "File Error.|Cannot read gr\xFC\xDF?.sms: No such file or directory."
     focus cmdLoadFile: frmScriptEdit
-close
-    = editor-closed
-    00 00: image(00)
+quietly close
 
 == Source text is loaded, too, whole or not at all
 quietly set AdminLoggedIn true
@@ -208,16 +205,7 @@ chooses wrong.txt
 click cmdLoadFile
     asks to load "Dunmarch Load/Save|Kestrane Macro Files (*.sms)|*.sms|sms"
     box "File Error.|wrong.txt, line 2: \x22outlets\x22 is expected here.\x0D\x0ANothing was loaded."
-close
-    box "Upload Macro Triggers?|The Macro Triggers have been changed by the SMS import.\x0D\x0APlease click the Write Macro Triggers button to upload them if required."
-    fore 255: txtMTAddress(0 2-7)
-    fore 0: txtMTAddress(1)
-    enabled false: chkMacro(0 2-7), timUpdate, timUDColour
-    enabled true: cmdWriteMacroTriggers
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
-    false: MacroTriggersChanged
-    00 00: image(40-41)
+quietly close
 
 == What a file may hold that the editor never saved
 # Comments count as lines. Texts are not read, addresses only summed, an edited byte needs its
@@ -314,15 +302,4 @@ click cmdLoadFile
     40 05: image(10)
     5B FF: image(11)
     00 05: image(12)
-close
-    box "Upload Macro Triggers?|The Macro Triggers have been changed by the SMS import.\x0D\x0APlease click the Write Macro Triggers button to upload them if required."
-    text "": txtMTAddress(0-7)
-    enabled false: chkMacro(0-7), timUpdate, timUDColour
-    value 0: chkMacro(3)
-    enabled true: cmdWriteMacroTriggers
-    caption "00": lblMem1(0-1), lblMem2(0-2)
-    caption "Stop": lblCommand(0-1)
-    focus none: frmScriptEdit
-    visible false: frmScriptEdit
-    false: MacroTriggersChanged
-    00 00: image(10-12)
+quietly close

@@ -13,12 +13,7 @@ show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) cap
     caption "B": lblFuseNo(15)
     caption "CHANGE OVER INT": cmdInsertCommand(192)
     caption "CHANGE BACK INT": cmdInsertCommand(193)
-close
-    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
-    caption "Stop": lblCommand(0-4 10-15)
-    enabled false: timUpdate
-    visible false: frmScriptEdit
-    00 00: image(10-14 1A-27 2A-37)
+quietly close
 
 == On a unit with two supplies
 unit 636
@@ -34,12 +29,7 @@ show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) cap
     caption "B": lblFuseNo(15)
     caption "SUPPLY LOSS INT": cmdInsertCommand(192)
     caption "SUPPLY BACK INT": cmdInsertCommand(193)
-close
-    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
-    caption "Stop": lblCommand(0-4 10-15)
-    enabled false: timUpdate
-    visible false: frmScriptEdit
-    00 00: image(10-14 1A-27 2A-37)
+quietly close
 
 == On a unit with one supply
 unit single
@@ -55,9 +45,4 @@ show cmdInsertCommand(192) cmdInsertCommand(193) lblFuseNo(14) lblFuseNo(15) cap
     caption "": lblFuseNo(14-15)
     caption "SUPPLY LOSS INT": cmdInsertCommand(192)
     caption "SUPPLY BACK INT": cmdInsertCommand(193)
-close
-    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
-    caption "Stop": lblCommand(0-4 10-15)
-    enabled false: timUpdate
-    visible false: frmScriptEdit
-    00 00: image(10-14 1A-27 2A-37)
+quietly close

@@ -23,12 +23,7 @@ wait 500
 answer FA31 "\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"
 wait 500
     > FA31 x5
-close
-    caption "00": lblMem1(0-15), lblMem2(0-15)
-    caption "Stop": lblCommand(0-15)
-    enabled false: timUpdate
-    visible false: frmScriptEdit
-    00 00: image(10-7F)
+quietly close
 
 == The cursor follows the unit in trace only, and within the range of its bar
 connected 4
@@ -82,14 +77,4 @@ click chkTrace
 answer FA31 "\x00\x00\x00\x00\x00\x00\x00\x00\x20\x00\x00\x00\x00"
 wait 500
     > FA31 x5
-close
-    value 16: scrListScroll
-    caption "00": lblMem1(0-7), lblMem2(0-7)
-    caption "Stop": lblCommand(0-7)
-    visible true: shpOutline(0)
-    visible false: shpOutline(7), frmScriptEdit
-    enabled false: timUpdate
-    focus none: frmScriptEdit
-    16: ListTop
-    0: ListRow
-    00 00: image(10-7F)
+quietly close

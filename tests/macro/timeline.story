@@ -46,16 +46,7 @@ timeline ON 1 1\nON 2 0.5 ALWAYS\nOFF 1 2\nStop
     <rect class="bar" x="430.05" y="108" width="493.95" height="14"/>
     </g>
     = svg-idle-outlet 3 137 141
-    = svg-idle-outlet 4 159 163
-    = svg-idle-outlet 5 181 185
-    = svg-idle-outlet 6 203 207
-    = svg-idle-outlet 7 225 229
-    = svg-idle-outlet 8 247 251
-    = svg-idle-outlet 9 269 273
-    = svg-idle-outlet 10 291 295
-    = svg-idle-outlet 11 313 317
-    = svg-idle-outlet 12 335 339
-    = svg-idle-outlet 13 357 361
+    = svg-idle-outlets-4-to-13
     = svg-idle-outlet 14 379 383
     </svg>
 timeline loop: ON 3 1\nOFF 3 30\nGOTO loop
@@ -97,16 +88,7 @@ timeline loop: ON 3 1\nOFF 3 30\nGOTO loop
     <line class="row" x1="84" y1="137" x2="924" y2="137"/>
     <rect class="bar" x="110.05" y="130" width="781.61" height="14"/>
     </g>
-    = svg-idle-outlet 4 159 163
-    = svg-idle-outlet 5 181 185
-    = svg-idle-outlet 6 203 207
-    = svg-idle-outlet 7 225 229
-    = svg-idle-outlet 8 247 251
-    = svg-idle-outlet 9 269 273
-    = svg-idle-outlet 10 291 295
-    = svg-idle-outlet 11 313 317
-    = svg-idle-outlet 12 335 339
-    = svg-idle-outlet 13 357 361
+    = svg-idle-outlets-4-to-13
     = svg-idle-outlet 14 379 383
     </svg>
 timeline ON 14 0\nWAIT 6300\nALL OFF 0
@@ -136,16 +118,7 @@ timeline ON 14 0\nWAIT 6300\nALL OFF 0
     = svg-idle-outlet 1 93 97
     = svg-idle-outlet 2 115 119
     = svg-idle-outlet 3 137 141
-    = svg-idle-outlet 4 159 163
-    = svg-idle-outlet 5 181 185
-    = svg-idle-outlet 6 203 207
-    = svg-idle-outlet 7 225 229
-    = svg-idle-outlet 8 247 251
-    = svg-idle-outlet 9 269 273
-    = svg-idle-outlet 10 291 295
-    = svg-idle-outlet 11 313 317
-    = svg-idle-outlet 12 335 339
-    = svg-idle-outlet 13 357 361
+    = svg-idle-outlets-4-to-13
     <g id="outlet-14">
     <text class="text" x="74" y="383" text-anchor="end">Outlet 14</text>
     <line class="row" x1="84" y1="379" x2="924" y2="379"/>

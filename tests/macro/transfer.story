@@ -67,11 +67,7 @@ click cmdDownload
     enabled true: timUpdate, timUDColour
     focus cmdDownload: frmScriptEdit
     22 22: image(28-7F)
-close
-    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
-    caption "Stop": lblCommand(0-4 10-15)
-    = editor-closed
-    00 00: image(10-14 1A-7F)
+quietly close
 
 == Without the right to write macros each block has its refusal
 unit cms
@@ -89,8 +85,4 @@ click cmdUpload
     enabled true: cmdInsertCommand(199), timUpdate, timUDColour
     back 65280: cmdUpload
     focus cmdUpload: frmScriptEdit
-close
-    caption "00": lblMem1(0-4 10-15), lblMem2(0 2-3 10-15)
-    caption "Stop": lblCommand(0-4 10-15)
-    = editor-closed
-    00 00: image(10-14 1A-27 2A-37)
+quietly close

@@ -209,7 +209,7 @@ click cmdReadWBISettings
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    = settings-read-afresh 2
+    = settings-read 2
     index 0: SSTab1
     enabled true: fraNetworkSettings, fraMiscOptions, fraFixedIPSettings, fraTCPports, fraARP, fraSnmpSettings, fraUnitID, fraOledTimeout, fraArmButtons, fraTcpControlSettings
     text "": txtWebPassword(0-2)

@@ -5,7 +5,7 @@ unit cms
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    = settings-read-afresh
+    = settings-read
     = settings-enabled
     = usual-settings
     = settings-last monitoring
@@ -86,7 +86,7 @@ store 251 02E8 "\x00\x00\xFF\x32\x18"
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    = settings-read-afresh
+    = settings-read
     = settings-enabled
     = settings-names
     fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
@@ -146,7 +146,7 @@ quietly click cmdDisconnect
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    = settings-read-afresh 2
+    = settings-read 2
     caption "Connected Port A": cmdConnect
     value false: OptButID(250)
     value true: OptButID(1)
@@ -182,7 +182,7 @@ store 251 02F0 "\x00"*48
 quietly click cmdConnect
 quietly wait 250
 click cmdReadNetworkSettings
-    = settings-read-afresh
+    = settings-read
     = settings-enabled
     = settings-names
     fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS

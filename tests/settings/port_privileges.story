@@ -196,7 +196,7 @@ click cmdWriteTCPPortPriv
     arrow
     now click cmdConnect
     now call cmdReadNetworkSettings
-    = settings-read-afresh 2
+    = settings-read 2
     caption "Connected Port A": cmdConnect
     value false: OptButID(250)
     value true: OptButID(1)

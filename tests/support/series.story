@@ -109,6 +109,9 @@
     {1}> 811102A010
 
 == settings-read
+    hourglass
+    says "Read Unit ID"
+    {1}> FA11000010
     = settings-blocks-to-10 {1}
     says "Reading block 10 of 14."
     {1}> 811102E010
@@ -127,12 +130,6 @@
     says "Reading memory complete."
     arrow
     operation "Read Network Settings" complete
-
-== settings-read-afresh
-    hourglass
-    says "Read Unit ID"
-    {1}> FA11000010
-    = settings-read {1}
 
 == settings-read-without-community
     hourglass
@@ -301,11 +298,18 @@
     says "Writing names complete"
 
 == rows-of-the-standard-program
+    = standard-codes-at-10
+    = standard-codes-and-texts
+    = standard-outlets
+
+== standard-codes-at-10
     caption "C6": lblMem1(0)
     caption "03": lblMem1(1), lblMem2(0)
     caption "D2": lblMem1(2)
     caption "D3": lblMem1(3)
     caption "04": lblMem1(4)
+
+== standard-codes-and-texts
     caption "40": lblMem1(10)
     caption "41": lblMem1(11)
     caption "42": lblMem1(12)
@@ -320,6 +324,8 @@
     caption "Set on/off switch on interrupt address 1A": lblCommand(2)
     caption "Set on/off switch off interrupt address 2A": lblCommand(3)
     caption "GPI Enable": lblCommand(4)
+
+== standard-outlets
     caption "Turn on outlet  1 after 0.5 seconds, skip if already on": lblCommand(10)
     caption "Turn on outlet  2 after 0.5 seconds, skip if already on": lblCommand(11)
     caption "Turn on outlet  3 after 0.5 seconds, skip if already on": lblCommand(12)
@@ -381,6 +387,18 @@
     <text class="text" x="74" y="{3}" text-anchor="end">Outlet {1}</text>
     <line class="row" x1="84" y1="{2}" x2="924" y2="{2}"/>
     </g>
+
+== svg-idle-outlets-4-to-13
+    = svg-idle-outlet 4 159 163
+    = svg-idle-outlet 5 181 185
+    = svg-idle-outlet 6 203 207
+    = svg-idle-outlet 7 225 229
+    = svg-idle-outlet 8 247 251
+    = svg-idle-outlet 9 269 273
+    = svg-idle-outlet 10 291 295
+    = svg-idle-outlet 11 313 317
+    = svg-idle-outlet 12 335 339
+    = svg-idle-outlet 13 357 361
 
 == program-blocks-to-7
     says "Downloading unit macro program 12%"
@@ -474,13 +492,20 @@
     focus none: frmScriptEdit
     visible false: frmScriptEdit
 
-== editor-closed-at-the-top
-    visible true: shpOutline(0)
-    visible false: shpOutline({1}), frmScriptEdit
-    enabled false: timUpdate, timUDColour
-    focus none: frmScriptEdit
-    16: MemPointer, ListTop
-    0: ListRow
+== versions-read
+    hourglass
+    says "Reading Relay Version"
+    > FA28
+    says "Reading Display Version"
+    > FB28
+    says "Reading Serial Number"
+    > FA21
+    says "Getting latest Firmware versions"
+    says ""
+    fetches http://server.example/kestraneversions/ past all caches
+    says "Reading Unit Firmware Complete"
+    arrow
+    operation "Read Firmware Versions" complete
 
 == rights-read
     hourglass

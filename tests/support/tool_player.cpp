@@ -59,7 +59,7 @@ class Player : private ScreenListener, private JournalObserver {
             const std::string& line = lines_[at_++];
             if (line.starts_with("    ")) continue;
             out_ += line + "\n";
-            if (line == "close") return;
+            if (line == "close" || line == "quietly close") return;
             if (line.empty() || line[0] == '#') continue;
             try {
                 Do(line);
@@ -273,7 +273,7 @@ class Player : private ScreenListener, private JournalObserver {
             });
         });
         world_.loop.RunUntil([&] { return returned; }, std::chrono::hours{2});
-        Tell();
+        Tell(lines_[at_ - 1].starts_with("quietly"));
     }
 
     Control& Find(const std::string& name) {
