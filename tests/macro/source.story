@@ -120,6 +120,8 @@ assemble WAIT 64
     1:6: "64": no code holds it exactly, the nearest are 63.0 and 70.0
 assemble WAIT 6.4
     1:6: "6.4": no code holds it exactly, the nearest are 6.3 and 7.0
+assemble WAIT 6250
+    1:6: "6250": no code holds it exactly, the nearest are 6200.0 and 6300.0
 assemble WAIT 6301
     1:6: "6301": no code holds it exactly, the longest is 6300.0
 assemble WAIT -1

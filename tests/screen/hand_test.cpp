@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "macro/instruction_set.h"
 #include "screen/main_form.h"
 #include "screen/screen_helpers.h"
+#include "screen/script_edit_form.h"
 #include "screen/small_forms.h"
 #include "support/virtual_platform.h"
 
@@ -198,13 +200,14 @@ TEST_F(HandTest, HidingTheSelectedTabSelectsTheFirstVisibleOne) {
 }
 
 TEST_F(HandTest, NamesAreUniqueAndEveryPropertyCanBeRead) {
-    std::set<std::string> names;
-    for (const Control* control : form.controls()) {
-        EXPECT_TRUE(names.insert(control->name()).second) << control->name();
-        EXPECT_EQ(form.Find(control->name()), control);
-        std::set<std::string> properties;
-        for (const auto& [property, value] : control->Properties()) {
-            EXPECT_TRUE(properties.insert(property).second) << control->name() << property;
+    ScriptEditForm editor(screen, InsertButtons());
+    for (Form* each : screen.forms()) {
+        for (const Control* control : each->controls()) {
+            EXPECT_EQ(each->Find(control->name()), control) << control->name();
+            std::set<std::string> properties;
+            for (const auto& [property, value] : control->Properties()) {
+                EXPECT_TRUE(properties.insert(property).second) << control->name() << property;
+            }
         }
     }
     EXPECT_EQ(form.Find("chkPriv(138)"), nullptr);

@@ -68,6 +68,12 @@ type txtIPAddress "1a0.0,0.1 "
     false: DataValid
     1: IPChanged
     3: beeps
+type txtNetbiosName "a b/7"
+    box "Unit IP Address Changed|Don't forget to update the address in the Unit IP Address frame above, after you have written the settings and reset the Ethernet board in the unit."
+    text "ab7": txtNetbiosName
+    focus txtNetbiosName (0 selected): frmMainForm
+    0: IPChanged
+    5: beeps
 
 == A reminder comes once for a change
 # What the read fills in reminds nobody. One flag serves the three port boxes.
