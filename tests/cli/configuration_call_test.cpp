@@ -99,11 +99,7 @@ TEST_F(ConfigurationCallTest, FaultsEndItBeforeAUnitIsAsked) {
     EXPECT_EQ(Diff({"--only", "nam", file}), kExitUsage);
     EXPECT_EQ(Apply({}), kExitUsage);
     const std::string good = File("b", "{}");
-    EXPECT_EQ(Apply({good, "--undo", "/"}), kExitUsage);
-    EXPECT_EQ(Complaint(), "--undo: / is a folder; name a file for one unit");
-    EXPECT_EQ(Apply({good, "--undo", ""}), -1);
     EXPECT_EQ(Apply({good, "--undo", good}), kExitUsage);
-    EXPECT_EQ(Run(MakeBackupCall(), {"--into", "d"}), kExitUsage);
     EXPECT_EQ(world.tcpsend.connections(), 0);
 }
 

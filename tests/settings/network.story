@@ -83,25 +83,16 @@ click cmdReadNetworkSettings
 unit cms
 store 251 003E "\x00"
 store 251 02E8 "\x00\x00\xFF\x32\x18"
-quietly click cmdConnect
-quietly wait 250
-click cmdReadNetworkSettings
-    = settings-read
-    = settings-enabled
-    = settings-names
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    = settings-addresses
-    value 1: chkTcpControlEnable(0-2), chkArmEnable
-    = settings-ports
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
+settings-read
+show txtAttackLimit(0) txtAttackLimit(1) txtAttackLimit(2) txtForceDisconnect txtOledTimeout text
     text "0": txtAttackLimit(0), txtForceDisconnect
     text "255": txtAttackLimit(1)
     text "50": txtAttackLimit(2)
-    text "1": txtKeyCounter(0)
-    text "2": txtKeyCounter(1)
-    text "3": txtKeyCounter(2)
+    text "120": txtOledTimeout
+show cmbARPtime index
     index 2: cmbARPtime
-    = settings-last monitoring
+show chkARP(0) value
+    value 0: chkARP(0)
 quietly click cmdWriteNetworkSettings
 memory 251 003E 1
     0C
@@ -179,19 +170,11 @@ memory 251 0050 16
 == Keys are written only when complete
 unit cms
 store 251 02F0 "\x00"*48
-quietly click cmdConnect
-quietly wait 250
-click cmdReadNetworkSettings
-    = settings-read
-    = settings-enabled
-    = settings-names
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS
-    = settings-addresses
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    = settings-ports
+settings-read
+show txtChaskey(0) txtChaskey(1) txtChaskey(2) text
     text "Chaskey is set - type to change key": txtChaskey(0-2)
-    = settings-limits
-    = settings-last monitoring
+show txtChaskey(0) txtChaskey(1) txtChaskey(2) fore
+    fore 255: txtChaskey(0-2)
 type txtChaskey(1) "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA"
     text "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA": txtChaskey(1)
     focus txtChaskey(1) (0 selected): frmMainForm

@@ -159,25 +159,22 @@
     enabled true: tab(0-8), fraNetworkSettings, lblNetBiosName, lblUnitLocation, lblUnitName, lblObtainIPAddress, fraMiscOptions, fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, fraTCPports, lblTcpControlEnable, qlblTcpControlPort, lblPasswordWarn, qlblAttackLimit, qlblKeyCounter, cmdChaskeyGen(0-2), lblTcpTimeout, txtForceDisconnect, qLabel60, qLabel63, fraARP, lblARP(0-2), lblARPtime, lblARPReset, fraSnmpSettings, lblSnmpPort, lblSysContact, fraUnitID, lblUnitID, fraOledTimeout, lblOledTimeoutText, lblIPonOLED, fraArmButtons, lblArmButtonsEnable, cmdWriteNetworkSettings, cmdResetEthernet, fraTcpControlSettings, fraSecuritySettings, lblWebSecurityEnable, cmdReadChannelNames, cmdReadMacroTriggers
     visible true: tab(6), lblBackup, txtBackupUpper, txtBackupLower
 
-== settings-names
+== usual-settings
     text "KESTRANE-MDU": txtNetbiosName
     text "Comms Room 2": txtUnitLocation
     text "MDU Rack 4": txtUnitName
     text "192.168.10.5": txtTimeServerIP
-
-== settings-addresses
+    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
     text "192.168.10.100": txtIPAddress
     text "255.255.255.0": txtSubnetMask
     text "192.168.10.1": txtDefaultGateway
     text "192.168.10.2": txtPrimaryDNS
     text "192.168.10.3": txtSecondaryDNS
-
-== settings-ports
+    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
     text "1243": txtTcpControlPort(0)
     text "1244": txtTcpControlPort(1)
     text "1245": txtTcpControlPort(2)
-
-== settings-limits
+    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
     text "10": txtAttackLimit(0)
     text "20": txtAttackLimit(1)
     text "30": txtAttackLimit(2)
@@ -186,15 +183,6 @@
     text "3": txtKeyCounter(2)
     text "0": txtForceDisconnect
     index 3: cmbARPtime
-
-== usual-settings
-    = settings-names
-    fore 0: fraFixedIPSettings, lblIPAddress, lblSubnetMask, lblDefaultGateway, lblPrimaryDNS, lblSecondaryDNS, txtChaskey(0-2)
-    = settings-addresses
-    value 1: chkTcpControlEnable(0-2), chkARP(0), chkArmEnable
-    = settings-ports
-    text "FFFFFFFFFFFFFFFFFFFFFFFFFFFFFFFF": txtChaskey(0-2)
-    = settings-limits
 
 == settings-last
     = settings-last-boxes {1}
