@@ -1,7 +1,8 @@
 #include "cli/value_controls.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
+#include <string_view>
 
 #include "configuration/settings.h"
 #include "console/values.h"
@@ -10,12 +11,25 @@
 namespace kestrane {
 namespace {
 
-// Labels whose captions are values.
-const std::set<std::string_view> kValueLabels = {
-    "lbl1WAddress",     "lbl1WType",      "lbl1We2p",         "lbl1WTotal",     "lblPrivByte",
-    "lblType",          "lblSerialNo",    "lblRelayVersion",  "lblRelayLatest", "lblDisplayVersion",
-    "lblDisplayLatest", "lblOffTimeMain", "lblOffTimeBackup", "lblPhase",       "lblChangeBack",
-    "lblDefaultIn",     "lblLockout"};
+// Labels whose captions are values, and what they are where no label beside them says it.
+const std::map<std::string_view, std::string_view> kValueLabels = {
+    {"lbl1WAddress", ""},
+    {"lbl1WType", ""},
+    {"lbl1We2p", ""},
+    {"lbl1WTotal", ""},
+    {"lblPrivByte", ""},
+    {"lblType", ""},
+    {"lblSerialNo", ""},
+    {"lblRelayVersion", ""},
+    {"lblRelayLatest", "Relay, latest:"},
+    {"lblDisplayVersion", ""},
+    {"lblDisplayLatest", "Display, latest:"},
+    {"lblOffTimeMain", "live, off time main"},
+    {"lblOffTimeBackup", "live, off time backup"},
+    {"lblPhase", "live, phase"},
+    {"lblChangeBack", "live, change back"},
+    {"lblDefaultIn", "live, default inlet"},
+    {"lblLockout", "live, lockout"}};
 
 bool HoldsValue(const Control& control) {
     switch (control.kind()) {
@@ -97,6 +111,8 @@ std::string CaptionOf(const Control& control) {
         const Setting* const group = SettingOfControl(control.name());
         return (group ? KeyInWords(group->key) + ": " : std::string()) + option.Caption();
     }
+    const auto words = kValueLabels.find(control.base_name());
+    if (words != kValueLabels.end() && !words->second.empty()) return std::string(words->second);
     if (!IsArrayMember(control)) {
         const std::string text = InscriptionOf(control);
         const Setting* const setting = SettingOfControl(control.name());
