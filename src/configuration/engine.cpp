@@ -106,6 +106,12 @@ class Application {
         return "cannot write " + request_.undo_file + ": " + *fault + "; nothing was written";
     }
 
+    // An upload clears the second byte at 7F, so that it is refused as a change.
+    static SettingValue ValueToGoBackTo(const SettingChange& change) {
+        if (change.setting->key != "macro.7F") return *change.before;
+        return std::get<std::string>(*change.before).substr(0, 3) + "00";
+    }
+
     // What a file may hold of what stands now; the values that are there already stay.
     void AddOldValues(SettingValues& values, LeftOut& left_out) const {
         constexpr char kNotGivenBack[] = "the unit does not give it back";
@@ -114,7 +120,7 @@ class Application {
             if (values.count(&setting)) continue;
             const auto fault = change.before ? CheckValue(setting, *change.before) : std::nullopt;
             if (change.before && !fault) {
-                values.emplace(&setting, *change.before);
+                values.emplace(&setting, ValueToGoBackTo(change));
             } else {
                 left_out[&setting] = fault ? "it " + *fault : kNotGivenBack;
             }

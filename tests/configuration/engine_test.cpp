@@ -80,6 +80,16 @@ TEST_F(EngineTest, RefusesBeforeAnyWriteWhatCannotStand) {
     EXPECT_EQ(Writes(), 0);
 }
 
+TEST_F(EngineTest, AnOperandAt7FDoesNotHoldUpTheUndoFile) {
+    peer.unit().Relay().Set(0xFE, 0xC6);
+    peer.unit().Relay().Set(0xFF, 0x03);
+    ApplyRequest request;
+    request.undo_file = "undo.json";
+    ApplyTo(Values(R"({"macro": {"7F": "02 00"}})"), request);
+    ApplyTo(ReadConfiguration(world.disk.files["undo.json"]).values);
+    EXPECT_EQ(peer.unit().Relay().Read(0xFE, 1), "\xC6");
+}
+
 // The unit, with one fault at one exchange. What the fault lets through is carried out.
 class FaultyPeer : public Peer {
   public:
