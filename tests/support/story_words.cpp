@@ -36,7 +36,7 @@ StoryWords WordsOf(const std::string& line) {
         const std::size_t end = std::min(line.find(quoted ? '"' : ' ', at + 1), line.size());
         std::string word = quoted ? line.substr(at + 1, end - at - 1) : line.substr(at, end - at);
         word = Unescaped(word);
-        at = end + quoted;
+        at = std::min(end + quoted, line.size());
         if (quoted && line[at] == '*') {
             const std::string once = word;
             for (int n = std::stoi(line.substr(at + 1)); n > 1; --n) word += once;
