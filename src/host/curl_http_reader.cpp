@@ -14,23 +14,18 @@ struct WebAddress {
     std::string scheme, host;
 };
 
-std::optional<WebAddress> ParsedAddress(const std::string& address) {
-    const std::unique_ptr<CURLU, decltype(&curl_url_cleanup)> url(curl_url(), curl_url_cleanup);
-    if (curl_url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK) return {};
-    const auto part = [&url](CURLUPart which) -> std::string {
+std::optional<WebAddress> ParsedAddress(const CurlLibrary& curl, const std::string& address) {
+    const std::unique_ptr<CURLU, decltype(curl.url_cleanup)> url(curl.url(), curl.url_cleanup);
+    if (curl.url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK) return {};
+    const auto part = [&](CURLUPart which) -> std::string {
         char* text = nullptr;
-        if (curl_url_get(url.get(), which, &text, 0) != CURLUE_OK) return {};
-        const std::unique_ptr<char, decltype(&curl_free)> owned(text, curl_free);
+        if (curl.url_get(url.get(), which, &text, 0) != CURLUE_OK) return {};
+        const std::unique_ptr<char, decltype(curl.free)> owned(text, curl.free);
         return text;
     };
     WebAddress parsed{part(CURLUPART_SCHEME), part(CURLUPART_HOST)};
     if (parsed.scheme != "http" && parsed.scheme != "https") return {};
     return parsed;
-}
-
-void InitialiseOnce() {
-    static const CURLcode done = curl_global_init(CURL_GLOBAL_DEFAULT);
-    static_cast<void>(done);
 }
 
 }  // namespace
@@ -51,8 +46,11 @@ void CurlHttpReader::Start(const std::string& url, bool bypass_cache, Events eve
     total_.start(limits_.total);
     address_ = url;
     redirects_ = 0;
-    headers_.reset(bypass_cache ? curl_slist_append(nullptr, "Cache-Control: no-cache") : nullptr);
-    if (ParsedAddress(url)) {
+    curl_ = CurlLibrary::Get();
+    if (!curl_) return EndWith(kNoLibrary, "This machine has no libcurl, which reads web pages");
+    headers_.reset(bypass_cache ? curl_->slist_append(nullptr, "Cache-Control: no-cache")
+                                : nullptr);
+    if (ParsedAddress(*curl_, url)) {
         Send();
     } else {
         EndWith(kBadAddress, "Not an address of the web: " + url);
@@ -72,19 +70,18 @@ void CurlHttpReader::Cancel() {
 }
 
 void CurlHttpReader::Send() {
-    InitialiseOnce();
-    if (!transfers_) transfers_.reset(curl_multi_init());
+    if (!transfers_) transfers_.reset(curl_->multi_init());
     DropTransfer();
-    transfer_.reset(curl_easy_init());
+    transfer_.reset(curl_->easy_init());
     CURL* const transfer = transfer_.get();
-    curl_easy_setopt(transfer, CURLOPT_URL, address_.c_str());
-    curl_easy_setopt(transfer, CURLOPT_HTTPHEADER, headers_.get());
-    curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "http,https");
-    curl_easy_setopt(transfer, CURLOPT_PROXY, "");
-    curl_easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(transfer, CURLOPT_WRITEFUNCTION, &TakeContent);
-    curl_easy_setopt(transfer, CURLOPT_WRITEDATA, this);
-    curl_multi_add_handle(transfers_.get(), transfer);
+    curl_->easy_setopt(transfer, CURLOPT_URL, address_.c_str());
+    curl_->easy_setopt(transfer, CURLOPT_HTTPHEADER, headers_.get());
+    curl_->easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_->easy_setopt(transfer, CURLOPT_PROXY, "");
+    curl_->easy_setopt(transfer, CURLOPT_NOSIGNAL, 1L);
+    curl_->easy_setopt(transfer, CURLOPT_WRITEFUNCTION, &TakeContent);
+    curl_->easy_setopt(transfer, CURLOPT_WRITEDATA, this);
+    curl_->multi_add_handle(transfers_.get(), transfer);
     turns_.start();
 }
 
@@ -102,17 +99,17 @@ std::size_t CurlHttpReader::TakeContent(const char* data, std::size_t size, std:
 
 void CurlHttpReader::OnTurn() {
     int running = 0;
-    curl_multi_perform(transfers_.get(), &running);
+    curl_->multi_perform(transfers_.get(), &running);
     int left = 0;
-    const CURLMsg* const message = curl_multi_info_read(transfers_.get(), &left);
+    const CURLMsg* const message = curl_->multi_info_read(transfers_.get(), &left);
     if (message && message->msg == CURLMSG_DONE) OnFinished(message->data.result);
 }
 
 void CurlHttpReader::OnFinished(CURLcode result) {
     long status = 0;
     const char* target = nullptr;
-    curl_easy_getinfo(transfer_.get(), CURLINFO_RESPONSE_CODE, &status);
-    curl_easy_getinfo(transfer_.get(), CURLINFO_REDIRECT_URL, &target);
+    curl_->easy_getinfo(transfer_.get(), CURLINFO_RESPONSE_CODE, &status);
+    curl_->easy_getinfo(transfer_.get(), CURLINFO_REDIRECT_URL, &target);
     turns_.stop();
     if (ended_) return;
     if (target && *target) {
@@ -121,18 +118,18 @@ void CurlHttpReader::OnFinished(CURLcode result) {
         EndWith(static_cast<int>(status),
                 "The server answers with HTTP status " + std::to_string(status));
     } else {
-        EndWith(result, result == CURLE_OK ? "" : curl_easy_strerror(result));
+        EndWith(result, result == CURLE_OK ? "" : curl_->easy_strerror(result));
     }
 }
 
 void CurlHttpReader::OnRedirect(const std::string& target) {
-    const auto from = ParsedAddress(address_);
-    const auto to = ParsedAddress(target);
+    const auto from = ParsedAddress(*curl_, address_);
+    const auto to = ParsedAddress(*curl_, target);
     const bool leaves_https = to && from->scheme == "https" && to->scheme != "https";
     if (!to || to->host != from->host || leaves_https) {
         EndWith(kRedirectRefused, "The server redirects to " + target);
     } else if (++redirects_ > kMostRedirects) {
-        EndWith(CURLE_TOO_MANY_REDIRECTS, curl_easy_strerror(CURLE_TOO_MANY_REDIRECTS));
+        EndWith(CURLE_TOO_MANY_REDIRECTS, curl_->easy_strerror(CURLE_TOO_MANY_REDIRECTS));
     } else {
         content_.clear();
         address_ = target;
@@ -150,7 +147,7 @@ void CurlHttpReader::EndWith(int error_number, std::string description) {
 
 void CurlHttpReader::DropTransfer() {
     turns_.stop();
-    if (transfer_) curl_multi_remove_handle(transfers_.get(), transfer_.get());
+    if (transfer_) curl_->multi_remove_handle(transfers_.get(), transfer_.get());
     transfer_.reset();
 }
 

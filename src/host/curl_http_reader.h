@@ -4,8 +4,6 @@
 // they bring is only noted, and the owner's events are called from an event of their own, so that
 // they may pump, start, cancel or destroy the reader.
 
-#include <curl/curl.h>
-
 #include <QObject>
 #include <QTimer>
 #include <chrono>
@@ -14,6 +12,7 @@
 #include <memory>
 #include <string>
 
+#include "host/curl_library.h"
 #include "platform/http_reader.h"
 
 namespace kestrane {
@@ -32,6 +31,7 @@ class CurlHttpReader : public HttpReader {
         kTooLarge = 1002,
         kTooSlow = 1004,
         kRedirectRefused = 1005,
+        kNoLibrary = 1006,
     };
 
     explicit CurlHttpReader(const Limits& limits);
@@ -48,7 +48,7 @@ class CurlHttpReader : public HttpReader {
   private:
     template <auto Free>
     struct Freed {
-        void operator()(auto* handle) const { Free(handle); }
+        void operator()(auto* handle) const { (CurlLibrary::Get()->*Free)(handle); }
     };
 
     static std::size_t TakeContent(const char* data, std::size_t size, std::size_t count,
@@ -66,12 +66,13 @@ class CurlHttpReader : public HttpReader {
     void Later(void (CurlHttpReader::*step)());
 
     Limits limits_;
+    const CurlLibrary* curl_ = nullptr;  // from the first Start on
     QObject context_;
     QTimer total_;
     QTimer turns_;
-    std::unique_ptr<CURLM, Freed<curl_multi_cleanup>> transfers_;
-    std::unique_ptr<CURL, Freed<curl_easy_cleanup>> transfer_;
-    std::unique_ptr<curl_slist, Freed<curl_slist_free_all>> headers_;
+    std::unique_ptr<CURLM, Freed<&CurlLibrary::multi_cleanup>> transfers_;
+    std::unique_ptr<CURL, Freed<&CurlLibrary::easy_cleanup>> transfer_;
+    std::unique_ptr<curl_slist, Freed<&CurlLibrary::slist_free_all>> headers_;
     std::string address_;  // as redirected so far
     int redirects_ = 0;
     std::uint64_t fetch_ = 0;  // changes at each Start, Cancel and end
