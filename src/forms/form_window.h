@@ -20,6 +20,9 @@ class FormWindow : public QWidget {
     // In the middle of its owner, or of the screen if it has none.
     void ShowCentred();
 
+    // Makes what is to be seen and was put off so that the window comes up sooner.
+    virtual void MakeWhole() {}
+
     // The size in which all of it can be seen, not below the present one.
     QSize WholeSize() const;
 

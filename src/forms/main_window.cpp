@@ -65,9 +65,7 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     panels->addWidget(ProgressPanel(), 1);
     outer->addLayout(panels);
     outer->addWidget(MakeTabs(), 1);
-    log_ = new LogPane(bench);
-    log_->hide();
-    outer->addWidget(log_);
+    below_pages_ = outer->count();
     outer->addLayout(StatusRow());
     diagnostics_ = DiagnosticsPanel();
     outer->addWidget(diagnostics_);
@@ -89,7 +87,10 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     FormChanged();
     ShowProgress();
     KeepLargeEnough();
+    made_frame_ = true;
 }
+
+void MainWindow::MakeWhole() { NeedPage(tabs_->currentIndex()); }
 
 void MainWindow::KeepLargeEnough() {
     setMinimumSize(minimumSizeHint().boundedTo({kSmallestWidth, kSmallestHeight}));
@@ -101,10 +102,18 @@ QSize MainWindow::sizeHint() const {
 }
 
 void MainWindow::FillMenu() {
-    FillMenuBar(
-        *menu_, bench_, mirror_,
-        {[this] { Review(); }, [this] { log_->setVisible(!log_->isVisible()); },
-         [this] { close(); }, [this](const QString& because) { return MayDiscardAll(because); }});
+    FillMenuBar(*menu_, bench_, mirror_,
+                {[this] { Review(); }, [this] { ToggleLog(); }, [this] { close(); },
+                 [this](const QString& because) { return MayDiscardAll(because); }});
+}
+
+void MainWindow::ToggleLog() {
+    if (!log_) {
+        log_ = new LogPane(bench_);
+        log_->hide();
+        static_cast<QVBoxLayout*>(layout())->insertWidget(below_pages_, log_);
+    }
+    log_->setVisible(!log_->isVisible());
 }
 
 // Connect and Disconnect are drawn in here, but don't hang on the frame.
@@ -161,7 +170,11 @@ QTabWidget* MainWindow::MakeTabs() {
         tabs_->addTab(place, QString::fromStdString(tab.caption));
     }
     marks_ = std::make_unique<Marks>(bench_, mirror_, *tabs_, kInvisibleStorage);
-    mirror_.Bind(form_.SSTab1, *tabs_, [this](int tab) { NeedPage(tab); });
+    mirror_.Bind(form_.SSTab1, *tabs_, [this](int tab) {
+        if (made_frame_) NeedPage(tab);
+    });
+    head_ = mirror_.TakeMade();
+    head_.push_back(tabs_->tabBar());
     return tabs_;
 }
 
@@ -206,10 +219,6 @@ QWidget* MainWindow::DiagnosticsPanel() {
 void MainWindow::NeedPage(int tab) {
     const auto place = static_cast<std::size_t>(tab);
     if (std::exchange(made_[place], true)) return;
-    if (head_.empty()) {
-        head_ = mirror_.TakeMade();
-        head_.push_back(tabs_->tabBar());
-    }
     tabs_->widget(tab)->layout()->addWidget(BuildPage(mirror_, form_, tab, *fading_));
     pages_[place] = mirror_.TakeMade();
     Chain();
@@ -217,7 +226,6 @@ void MainWindow::NeedPage(int tab) {
 }
 
 void MainWindow::Chain() {
-    if (tail_.empty()) return;
     std::vector<QWidget*> order = head_;
     for (const auto& page : pages_) order.insert(order.end(), page.begin(), page.end());
     order.insert(order.end(), tail_.begin(), tail_.end());
@@ -228,10 +236,15 @@ void MainWindow::MakeAllPages() {
     for (int tab = 0; tab < kInvisibleStorage; ++tab) NeedPage(tab);
 }
 
-// The other pages are made after the first paint, one each time that Qt has nothing else to do.
+// The window comes up with an empty page. The first one is made after the first paint, the others
+// later, one each time that Qt has nothing else to do.
 void MainWindow::paintEvent(QPaintEvent* event) {
     FormWindow::paintEvent(event);
     if (std::exchange(painted_, true)) return;
+    QTimer::singleShot(0, this, [this] {
+        MakeWhole();
+        ApplyIcon();
+    });
     QTimer::singleShot(kAfterPaint, this, [this] { PreparePages(); });
 }
 

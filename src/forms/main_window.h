@@ -27,6 +27,7 @@ class MainWindow : public FormWindow {
 
     // Room for the tallest page, though its tab may not have been shown yet.
     QSize sizeHint() const override;
+    void MakeWhole() override;
     // Makes the pages of the tabs that were not shown yet.
     void MakeAllPages();
 
@@ -49,6 +50,7 @@ class MainWindow : public FormWindow {
     void ShowProgress();
     void Chain();
     void FillMenu();
+    void ToggleLog();
     void Review();
     void GoToControl(Control& control);
     // What is dropped, and by what.
@@ -73,7 +75,8 @@ class MainWindow : public FormWindow {
     UnitHeader* header_ = nullptr;
     UsedAddresses* used_ = nullptr;
     MessageStrip* strip_ = nullptr;
-    LogPane* log_ = nullptr;
+    LogPane* log_ = nullptr;  // from its first showing on
+    int below_pages_ = 0;     // its place in the layout
     bool marks_scheduled_ = false;
     int furthest_ = 0;  // of the progress of the operation under way, in thousandths
     std::uint64_t progress_of_ = 0;
@@ -82,6 +85,7 @@ class MainWindow : public FormWindow {
     QProgressBar* progress_ = nullptr;
     QWidget* diagnostics_ = nullptr;
     std::array<bool, 9> made_{};
+    bool made_frame_ = false;  // all but the pages
     bool painted_ = false;
     // What takes the keyboard, in its order: above the pages, on them, below.
     std::vector<QWidget*> head_;

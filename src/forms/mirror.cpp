@@ -61,6 +61,12 @@ void Mirror::ClickGoesTo(Label& label, Control& target) {
     static_cast<LabelBinder*>(binders_.at(&label))->SetClickTarget(target);
 }
 
+void Mirror::PairWithLabel(TextBox& box, Label& label) {
+    labels_[&box] = &label;
+    labels_dirty_ = true;
+    ScheduleRefresh();
+}
+
 QWidget* Mirror::WidgetOf(const Control& control) const {
     const auto found = binders_.find(&control);
     return found == binders_.end() ? nullptr : &found->second->widget();
@@ -114,7 +120,7 @@ void Mirror::Refresh() {
     dirty.swap(dirty_);
     for (Binder* binder : dirty) focus_dirty_ |= binder->Sync();
     if (std::exchange(form_dirty_, false) && form_changed_) form_changed_();
-    if (!dirty.empty()) SyncLabels();
+    if (std::exchange(labels_dirty_, false) || !dirty.empty()) SyncLabels();
     if (!dirty.empty() && refreshed_) refreshed_();
     if (focus_dirty_) SyncFocus();
     --syncing_;

@@ -101,7 +101,7 @@ class Mirror {
     // After a change of the palette.
     void ForgetColours();
     // A label whose colour says whether the box beside it can be written.
-    void PairWithLabel(TextBox& box, Label& label) { labels_[&box] = &label; }
+    void PairWithLabel(TextBox& box, Label& label);
     // Runs around each click and each choice of the operator, and decides whether it happens.
     void AroundClick(std::function<void(Control&, const std::function<void()>& click)> around) {
         around_click_ = std::move(around);
@@ -153,6 +153,7 @@ class Mirror {
     std::function<void()> form_changed_;
     std::function<void(Control&, const std::function<void()>&)> around_click_;
     std::unordered_map<const TextBox*, const Label*> labels_;
+    bool labels_dirty_ = false;
     std::function<void()> refreshed_;
     std::unordered_map<const Control*, Binder*> binders_;
     std::vector<QWidget*> made_;

@@ -56,6 +56,7 @@ bool Windows::Grab(const std::string& form, const std::string& path, QSize size)
     Form* const wanted = tool_.screen.FindForm(form);
     if (!wanted) return false;
     FormWindow& window = WindowOf(*wanted);
+    window.MakeWhole();
     window.mirror().Refresh();
     window.ensurePolished();
     // All of it, also where the screen is too small.

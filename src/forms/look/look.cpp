@@ -141,11 +141,14 @@ QPalette WithColours(QPalette palette, QPalette::ColorRole text, QPalette::Color
 }  // namespace
 
 void ApplyLook(Look look) {
-    InitResources();
     follows_system = look == Look::kSystem;
     const bool dark = look == Look::kDark || (follows_system && SystemIsDark());
     QApplication::setStyle(new LookStyle);
     QApplication::setPalette(dark ? DarkPalette() : LightPalette());
+}
+
+void ApplyIcon() {
+    InitResources();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/kestrane.svg")));
 }
 

@@ -13,9 +13,13 @@ namespace kestrane {
 
 enum class Look { kSystem, kLight, kDark };
 
-// Sets style, palette and icon of the application. With kSystem the look follows the system's from
+// Sets style and palette of the application. With kSystem the look follows the system's from
 // then on.
 void ApplyLook(Look look);
+
+// Sets the icon of the windows. It is drawn by a plugin whose loading can wait until a window is
+// up.
+void ApplyIcon();
 
 // Takes over the system's look where it has become light or dark since.
 void FollowSystem();

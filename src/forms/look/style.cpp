@@ -1,7 +1,9 @@
 #include "forms/look/style.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QPainter>
+#include <QPixmap>
 #include <QStyleOption>
 #include <QWidget>
 
@@ -121,6 +123,26 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
             Stroke(painter, option->rect, option->palette.color(QPalette::Highlight), 2);
         }
     }
+}
+
+// A menu bar asks for its "more" at once, and Fusion's would load all picture formats of Qt before
+// the first window is up: two arrow heads drawn here instead.
+QIcon LookStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                              const QWidget* widget) const {
+    if (which != SP_ToolBarHorizontalExtensionButton) {
+        return QProxyStyle::standardIcon(which, option, widget);
+    }
+    constexpr int kSide = 16;
+    const qreal scale = qGuiApp->devicePixelRatio();
+    QPixmap picture(QSize(kSide, kSide) * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setPen(QPen(QApplication::palette().color(QPalette::WindowText), 1.5));
+    for (const int x : {4, 9}) {
+        painter.drawPolyline(QPolygon({{x, 4}, {x + 4, 8}, {x, 12}}));
+    }
+    return QIcon(picture);
 }
 
 // All tabs side by side, each with room for its dot.
