@@ -79,6 +79,30 @@ double ShareAfter(const UnitProcess& unit, const QString& program, const QString
     return share;
 }
 
+// The seconds from a program's start until its first window is painted.
+double SecondsToPaint(const QString& program) {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_PLUGIN_PATH", QCoreApplication::applicationDirPath());
+    environment.insert("QT_QPA_GENERIC_PLUGINS", "first_paint");
+    process.setProcessEnvironment(environment);
+    const auto begin = Clock::now();
+    process.start(ProgramPath(program), QStringList());
+    if (!process.waitForFinished(kPatience) || process.exitCode() != 0) return 1e9;
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+// How many times as long the windows take to their first paint as an empty one of Qt's.
+double PaintAgainstBareWindow() {
+    double windows = 1e9;
+    double bare = 1e9;
+    for (int i = 0; i < 40; ++i) {
+        windows = std::min(windows, SecondsToPaint("kestrane-config"));
+        bare = std::min(bare, SecondsToPaint("bare_window"));
+    }
+    return windows / bare;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -90,6 +114,7 @@ int main(int argc, char** argv) {
     const auto check = [&good](const char* what, const char* unit_of_it, double bar, double value) {
         good = Reached({what, unit_of_it, Bar::Side::kAtMost, bar}, value) && good;
     };
+    check("windows, start to first paint", "of an empty one", 1.3, PaintAgainstBareWindow());
     check("read network", "s", 0.25, SecondsOfCall(unit, {"read", "network"}));
     check("read --json, every tab", "s", 2.5, SecondsOfCall(unit, {"read", "--json"}));
     const QTemporaryDir folder;
