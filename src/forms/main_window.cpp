@@ -67,8 +67,6 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     outer->addWidget(MakeTabs(), 1);
     below_pages_ = outer->count();
     outer->addLayout(StatusRow());
-    diagnostics_ = DiagnosticsPanel();
-    outer->addWidget(diagnostics_);
     tail_ = mirror_.TakeMade();
     Chain();
     FillMenu();
@@ -90,7 +88,16 @@ MainWindow::MainWindow(Workbench& bench, WhyDisabledFunction why_disabled)
     made_frame_ = true;
 }
 
-void MainWindow::MakeWhole() { NeedPage(tabs_->currentIndex()); }
+void MainWindow::MakeWhole() {
+    NeedPage(tabs_->currentIndex());
+    if (diagnostics_) return;
+    diagnostics_ = DiagnosticsPanel();
+    layout()->addWidget(diagnostics_);
+    const std::vector<QWidget*> made = mirror_.TakeMade();
+    tail_.insert(tail_.end(), made.begin(), made.end());
+    Chain();
+    FormChanged();
+}
 
 void MainWindow::KeepLargeEnough() {
     setMinimumSize(minimumSizeHint().boundedTo({kSmallestWidth, kSmallestHeight}));

@@ -34,10 +34,11 @@ void UsedAddresses::Remember(const Address& address) {
 
 void UsedAddresses::Show() {
     setEnabled(!used_.empty() && form_.txtCurrentIPAddress.Usable());
-    setToolTip(used_.empty()
-                   ? QStringLiteral("Offers the addresses used in this run, once there are any")
-               : isEnabled() ? QStringLiteral("Addresses used in this run (Down)")
-                             : QStringLiteral("Disconnect first"));
+    const QString tip =
+        used_.empty() ? QStringLiteral("Offers the addresses used in this run, once there are any")
+        : isEnabled() ? QStringLiteral("Addresses used in this run (Down)")
+                      : QStringLiteral("Disconnect first");
+    if (toolTip() != tip) setToolTip(tip);
 }
 
 void UsedAddresses::Offer() {

@@ -309,6 +309,17 @@ void LongTextView::Show(const std::string& text) {
     if (length_ == text.size() && beginning_ == beginning) return;
     beginning_ = beginning;
     length_ = text.size();
+    laid_out_ = false;
+    if (isVisibleTo(window())) LayOut();
+}
+
+void LongTextView::showEvent(QShowEvent* event) {
+    if (!laid_out_) LayOut();
+    QPlainTextEdit::showEvent(event);
+}
+
+void LongTextView::LayOut() {
+    laid_out_ = true;
     QString shown = ToQt(beginning_);
     // What has no picture of its own would break the lines.
     for (QChar& character : shown) {

@@ -170,7 +170,8 @@ class NameLabel : public QLabel {
 };
 
 // A text of any length, read-only, in a fixed-pitch face. Only its beginning is shown, with the
-// length of the whole behind it.
+// length of the whole behind it. It is laid out only where it can be seen, as it changes with each
+// frame.
 class LongTextView : public QPlainTextEdit {
   public:
     static constexpr std::size_t kShown = 2048;
@@ -181,9 +182,15 @@ class LongTextView : public QPlainTextEdit {
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
+    void LayOut();
+
     std::string beginning_;
     std::size_t length_ = 0;
+    bool laid_out_ = true;
 };
 
 }  // namespace kestrane
