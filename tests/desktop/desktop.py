@@ -28,6 +28,8 @@ class Desktop:
         self.environment["HOME"] = self.home.name
         self.manager = subprocess.Popen(["openbox"], env=self.environment,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # A window that comes up while the manager starts is taken up by nobody.
+        self.wait_until(lambda: self.answers("get_desktop"), "the window manager")
         self.unit = None
         self.program = None
         self.presses = 0
@@ -44,8 +46,13 @@ class Desktop:
             [self.binaries / "kestrane-config", "--console", *options], env=self.environment,
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
         self.ask("get frmMainForm")
-        self.xdotool("search", "--sync", "--onlyvisible", "--name", "Kestrane TCP")
+        self.wait_until(lambda: self.answers("search", "--onlyvisible", "--name", "Kestrane TCP"),
+                        "the window")
         time.sleep(0.5)
+
+    def answers(self, *words):
+        return subprocess.run(["xdotool", *words], env=self.environment,
+                              capture_output=True).returncode == 0
 
     def xdotool(self, *words):
         return subprocess.run(["xdotool", *map(str, words)], env=self.environment, check=True,
