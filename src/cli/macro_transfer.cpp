@@ -35,8 +35,8 @@ class MacroTransfer {
     void Begin() { began_ = LastExchange(journal()); }
 
     bool Connect() { return driver_.Connect() && driver_.Read(*FindTab("network")); }
-    int Fail(std::string why) {
-        context_.complain(std::move(why));
+    int Fail(const std::string& why) {
+        context_.complain(why);
         return kExitUnit;
     }
     // The block at which it failed, or what the driver says, and what that means for the unit.

@@ -4,9 +4,13 @@
 #include <chrono>
 
 namespace kestrane::unit {
+namespace {
+
+constexpr std::chrono::milliseconds kPause{100};
+
+}  // namespace
 
 void AcceptAgain(QTcpServer& server) {
-    constexpr std::chrono::milliseconds kPause{100};
     QObject::connect(&server, &QTcpServer::acceptError, &server, [&server] {
         QTimer::singleShot(kPause, &server, [&server] { server.resumeAccepting(); });
     });

@@ -46,7 +46,7 @@ void DrawOutline(QPainter* painter, const QStyleOption& option, const QWidget* w
 void DrawChanged(QPainter* painter, const QStyleOption& option, const QWidget* widget) {
     if (!Has(widget, kChanged)) return;
     const QRect& all = option.rect;
-    const QRect bar(all.left(), all.top() + 1, 4, all.height() - 2);
+    const QRect bar(all.left(), all.top() + 1, 3, all.height() - 2);
     painter->fillRect(bar, ChangedColour(option.palette));
 }
 
