@@ -155,6 +155,8 @@ void Player::DoLine(const Step& step) {
             return line.DropNext();
         case Action::kGarble:
             return line.GarbleNext(step.b % 24);
+        case Action::kShort:
+            return line.CutShortNext();
         case Action::kCut:
             return line.CutNext(step.b % 24);
         case Action::kClose:

@@ -116,6 +116,7 @@ void Stage::ExchangeEnded(const Exchange& exchange) {
         read_.emplace(exchange.connection, exchange.address);
     }
     CheckMemory(exchange);
+    CheckWhole(exchange);
     CheckFirst(exchange);
     under_way_.erase(exchange.number);
     changes_before_.erase(exchange.number);
@@ -168,6 +169,15 @@ void Stage::CheckAddress(const Exchange& exchange) {
     const auto [first, fresh] = unit_of_operation_.emplace(operation->number, relay);
     if (first->second != relay) {
         throw Broken{"address changed in the midst: " + operation->name};
+    }
+}
+
+// What is taken for read has come whole.
+void Stage::CheckWhole(const Exchange& exchange) {
+    if (!exchange.Accepted() || !exchange.IsRead()) return;
+    if (exchange.data.size() < static_cast<std::size_t>(std::max(exchange.count, 0))) {
+        throw Broken{"part of a block is taken for read: address " +
+                     std::to_string(exchange.address)};
     }
 }
 

@@ -54,6 +54,7 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     void CheckOwner(int board, int command) const;
     void CheckTable(const Exchange& exchange) const;
     void CheckAddress(const Exchange& exchange);
+    static void CheckWhole(const Exchange& exchange);
     void CheckMemory(const Exchange& exchange);
 
     std::array<std::unique_ptr<unit::Unit>, 2> units_;

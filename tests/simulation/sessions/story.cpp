@@ -22,6 +22,7 @@ constexpr Row kRows[] = {
     {Action::kCloseForm, "close the form", 3}, {Action::kSplit, "split a reply", 4},
     {Action::kLate, "a late reply", 4},
     {Action::kDrop, "drop a reply", 3},        {Action::kGarble, "garble a reply", 4},
+    {Action::kShort, "shorten a reply", 4},
     {Action::kCut, "cut a reply", 2},          {Action::kClose, "the unit closes", 4},
     {Action::kReset, "the line resets", 4},    {Action::kNoise, "noise", 2},
     {Action::kConnects, "connects from now on", 3}, {Action::kLatency, "latency", 3},

@@ -27,6 +27,7 @@ enum class Action : std::uint8_t {
     kLate,   // it comes about when the timeout does
     kDrop,
     kGarble,  // its byte b is turned
+    kShort,   // its last third does not come
     kCut,     // its first b bytes come, then the connection closes
     kClose,
     kReset,
