@@ -87,11 +87,11 @@ void Identity::cmdUnitID_Click() {
 
 bool Identity::ReadUnitID() {
     form_.lblMemoryBlock.SetCaption("Read Unit ID");
-    if (!link_.Command(ReadCommand(session_.RelayAddress, 0x0000))) return false;
-    link_.RemoveReplyEscapes();
+    const auto data = link_.Read(session_.RelayAddress, 0x0000);
+    if (!data) return false;
     // Trimmed as a whole before the offsets are taken, so a serial that begins with a blank
     // shifts them.
-    const std::string block = Trim(Mid(session_.ReplyBuffer, kMemoryData, kBlockSize));
+    const std::string block = Trim(*data);
     session_.UnitSerialBytes = Mid(block, 1, 4);
     const int id = ByteAt(block, 5);
     if (id < 0) return false;

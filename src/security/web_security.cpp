@@ -155,6 +155,7 @@ void WebSecurity::cmdReadWBISettings_Click() {
 bool WebSecurity::ReadLevel(int level) {
     form_.lblMemoryBlock.SetCaption(BlockProgress("Reading", level + 1, kLevels));
     if (!link_.Command(ReadCommand(session_.DisplayAddress, AddressOf(level)))) return false;
+    if (DataOfReply(session_.ReplyBuffer, kMemoryData).size() < kBlockSize) return false;
     ShowLevel(level, Mid(session_.ReplyBuffer, kRawMemoryData, kBlockSize));
     return true;
 }

@@ -101,10 +101,9 @@ bool NetworkRead::ReadBlock(const Row& row, int number) {
     form_.lblMemoryBlock.SetCaption(row.fixed_caption
                                         ? row.fixed_caption
                                         : "Reading block " + std::to_string(number) + " of 14.");
-    if (!link_.Command(ReadCommand(session_.DisplayAddress, row.address))) return false;
-    link_.RemoveReplyEscapes();
-    block_ = Mid(session_.ReplyBuffer, kMemoryData, kBlockSize);
-    return block_.size() == kBlockSize;
+    const auto block = link_.Read(session_.DisplayAddress, row.address);
+    block_ = block.value_or("");
+    return block.has_value();
 }
 
 bool NetworkRead::TakeAdminName() {

@@ -25,7 +25,7 @@ constexpr int kPairLength = 2;
 
 int AddressOf(int port) { return 0x03E0 + kPairLength * (port - 1); }
 
-// The rights of a pair, -1 if it is cut off. The second byte is not used.
+// The rights of a pair. The second byte is not used.
 int DecodePair(std::string_view pair) { return ByteAt(pair, 1); }
 
 std::string EncodePair(int rights) { return Bytes({rights, 0xFF}); }
@@ -111,10 +111,9 @@ bool PortPrivileges::ReadHalf(const Half& half, int connected) {
 }
 
 bool PortPrivileges::ReadPort(const Half& half, int connected, int port) {
-    if (!link_.Command(ReadCommand(half.board, AddressOf(port), kPairLength))) return false;
-    link_.RemoveReplyEscapes();
-    const int rights = DecodePair(Mid(session_.ReplyBuffer, kMemoryData, kPairLength));
-    if (rights < 0) return false;
+    const auto pair = link_.Read(half.board, AddressOf(port), kPairLength);
+    if (!pair) return false;
+    const int rights = DecodePair(*pair);
     ByteRead(half, port).SetCaption(std::to_string(rights));
     ShowColumn(half, connected, port, rights);
     return true;

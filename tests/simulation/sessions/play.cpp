@@ -5,15 +5,13 @@
 #include <optional>
 
 #include "editing/workbench.h"
+#include "simulation/sessions/picture.h"
 #include "simulation/sessions/stage.h"
 
 namespace kestrane::sessions {
 namespace {
 
 using std::chrono::milliseconds;
-
-// What the screen shows and lets a hand do, by control.
-using Picture = std::map<std::string, std::string>;
 
 // Of those that a hand can use.
 template <class T>
@@ -28,11 +26,10 @@ T* Nth(Form& form, unsigned number) {
 
 class Player {
   public:
-    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool), bench_(stage.tool) {}
+    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool), hand_(stage.hand()), bench_(stage.tool) {}
 
     void Do(const Step& step);
     void ReadAll(milliseconds begin);
-    Picture Look() const;
     // Everything as a fresh start would have it, step by step at its time.
     void Recover(milliseconds begin);
     bool recovered() const { return recovered_; }
@@ -54,6 +51,7 @@ class Player {
 
     Stage& stage_;
     Tool& tool_;
+    WatchedHand& hand_;
     Workbench bench_;
     // The story is over: what its last steps still do, in boxes that stayed open, is cut short.
     bool recovering_ = false;
@@ -68,8 +66,8 @@ void Player::Do(const Step& step) {
 }
 
 void Player::ConnectTo(unsigned number) {
-    tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[number % 2]);
-    if (!recovering_) tool_.hand.Click(stage_.form.cmdConnect);
+    hand_.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[number % 2]);
+    if (!recovering_) hand_.Click(stage_.form.cmdConnect);
 }
 
 void Player::Press(const std::string& name) {
@@ -81,10 +79,10 @@ void Player::Press(const std::string& name) {
     for (const Container* at = &control->container(); at; at = at->parent()) {
         const auto* page = dynamic_cast<const TabPage*>(at);
         if (page && page->index() != stage_.form.SSTab1.Tab()) {
-            tool_.hand.Choose(stage_.form.SSTab1, page->index());
+            hand_.Choose(stage_.form.SSTab1, page->index());
         }
     }
-    if (!recovering_) tool_.hand.Click(*control);
+    if (!recovering_) hand_.Click(*control);
 }
 
 void Player::Type(unsigned box, unsigned text) {
@@ -92,7 +90,7 @@ void Player::Type(unsigned box, unsigned text) {
                                       "99", "x ", "1243", "0.5", "192.168.10.9", "Kestrel room 7"};
     if (auto* target = Nth<TextBox>(Active(), box)) {
         if (target == &stage_.form.txtCurrentPort) return;
-        tool_.hand.Type(*target, kTexts[text % std::size(kTexts)]);
+        hand_.Type(*target, kTexts[text % std::size(kTexts)]);
     }
 }
 
@@ -110,35 +108,34 @@ void Player::Work(unsigned number) {
 }
 
 void Player::DoOperator(const Step& step) {
-    Hand& hand = tool_.hand;
     switch (step.action) {
         case Action::kConnect:
             return ConnectTo(step.a);
         case Action::kDisconnect:
-            hand.Click(stage_.form.cmdDisconnect);
+            hand_.Click(stage_.form.cmdDisconnect);
             return;
         case Action::kPress:
             return Press(ButtonName(step.a));
         case Action::kTab:
-            hand.Choose(stage_.form.SSTab1, static_cast<int>(step.a % 8));
+            hand_.Choose(stage_.form.SSTab1, static_cast<int>(step.a % 8));
             return;
         case Action::kType:
             return Type(step.a, step.b);
         case Action::kClickAny:
-            if (auto* control = Nth<Control>(Active(), step.a)) hand.Click(*control);
+            if (auto* control = Nth<Control>(Active(), step.a)) hand_.Click(*control);
             return;
         case Action::kChoose:
             if (auto* bar = Nth<ScrollBar>(Active(), step.a)) {
-                hand.Choose(*bar, static_cast<int>(step.b % 256));
+                hand_.Choose(*bar, static_cast<int>(step.b % 256));
             }
             return;
         case Action::kWorkbench:
             return Work(step.a);
         case Action::kCloseForm:
-            if (&Active() != &stage_.form) hand.Close(Active());
+            if (&Active() != &stage_.form) hand_.Close(Active());
             return;
         default:
-            hand.Leave();
+            hand_.Leave();
     }
 }
 
@@ -212,15 +209,15 @@ void Player::ReadAll(milliseconds begin) {
         {6, &form.changeover.cmdReadCMSOptions}};
     for (const auto& [tab, button] : reads) {
         At(begin, [this, tab = tab, button = button] {
-            if (tab > 0) Need(tool_.hand.Choose(stage_.form.SSTab1, tab));
-            Need(tool_.hand.Click(*button));
+            if (tab > 0) Need(hand_.Choose(stage_.form.SSTab1, tab));
+            Need(hand_.Click(*button));
         });
         begin += milliseconds(1500);
     }
     At(begin, [this] { CheckNothingPending(); });
     OpenEditor(begin);
     At(begin + milliseconds(2000), [this] {
-        Need(tool_.hand.Choose(stage_.form.SSTab1, 0));
+        Need(hand_.Choose(stage_.form.SSTab1, 0));
         recovered_ = true;
     });
 }
@@ -228,13 +225,13 @@ void Player::ReadAll(milliseconds begin) {
 // The macro editor polls the unit as long as it is open.
 void Player::OpenEditor(milliseconds begin) {
     At(begin, [this] {
-        Need(tool_.hand.Choose(stage_.form.SSTab1, 4));
-        Need(tool_.hand.Click(stage_.form.triggers.cmdEditMacro));
+        Need(hand_.Choose(stage_.form.SSTab1, 4));
+        Need(hand_.Click(stage_.form.triggers.cmdEditMacro));
     });
     At(begin + milliseconds(700), [this] { polls_before_ = stage_.status_polls(); });
     At(begin + milliseconds(1700), [this] {
         if (stage_.status_polls() < polls_before_ + 2) throw Broken{"stuck: the editor's polls"};
-        Need(tool_.hand.Close(*tool_.screen.FindForm("frmScriptEdit")));
+        Need(hand_.Close(*tool_.screen.FindForm("frmScriptEdit")));
     });
 }
 
@@ -246,60 +243,28 @@ void Player::Recover(milliseconds begin) {
     // A transfer asks, or begins its pause, before its form closes.
     for (const int later : {10, 800, 1600}) {
         At(begin + milliseconds(later), [this] {
-            if (&Active() != &stage_.form) tool_.hand.Close(Active());
+            if (&Active() != &stage_.form) hand_.Close(Active());
         });
     }
     At(begin + milliseconds(2500), [this] {
         // An address that is none keeps the focus until it is mended.
         for (int form = 0; form < 3 && &Active() != &stage_.form; ++form) {
-            tool_.hand.Close(Active());
+            hand_.Close(Active());
         }
         auto* const box = dynamic_cast<TextBox*>(stage_.form.Focused());
-        if (box && box->base_name() == "txtMTAddress") tool_.hand.Type(*box, "10");
-        Need(tool_.hand.Click(stage_.form.cmdDisconnect));
+        if (box && box->base_name() == "txtMTAddress") hand_.Type(*box, "10");
+        Need(hand_.Click(stage_.form.cmdDisconnect));
     });
     // The second of a socket error passes meanwhile. What a write under way has still stored is
     // forgotten.
     At(begin + milliseconds(4000), [this] {
         for (const unsigned number : {0, 1}) stage_.Forget(number);
-        Need(tool_.hand.Type(stage_.form.txtTimeout, "3"));
-        Need(tool_.hand.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[0]));
-        Need(tool_.hand.Type(stage_.form.txtCurrentPort, "1243"));
-        Need(tool_.hand.Click(stage_.form.cmdConnect));
+        Need(hand_.Type(stage_.form.txtTimeout, "3"));
+        Need(hand_.Type(stage_.form.txtCurrentIPAddress, Stage::kHosts[0]));
+        Need(hand_.Type(stage_.form.txtCurrentPort, "1243"));
+        Need(hand_.Click(stage_.form.cmdConnect));
     });
     ReadAll(begin + milliseconds(4300));
-}
-
-std::string Shown(const Control& control) {
-    if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->Text();
-    if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
-        return check->Checked() ? "[x]" : "[ ]";
-    }
-    if (const auto* label = dynamic_cast<const Label*>(&control)) return label->Caption();
-    return {};
-}
-
-// What is drawn at random, what goes on by itself, and what the operator may have set for good
-// does not count.
-bool Counts(const Control& control) {
-    for (const char* base : {"txtSalt", "txtSHA", "txtTimeout", "txtSleepDelay", "Label1", "Label2",
-                             "Label3", "Label4", "lblMemoryBlock", "lblPasswordWarn"}) {
-        if (control.base_name() == base) return false;
-    }
-    for (const Container* at = &control.container(); at; at = at->parent()) {
-        if (at->container_name() == "fraChangeoverOptions") return false;
-    }
-    return control.kind() != Kind::kTimer;
-}
-
-Picture Player::Look() const {
-    Picture picture;
-    for (const Control* control : stage_.form.controls()) {
-        if (!Counts(*control)) continue;
-        picture[control->name()] =
-            Shown(*control) + (control->Enabled() ? " enabled" : " disabled");
-    }
-    return picture;
 }
 
 void Player::CheckNothingPending() const {
@@ -317,19 +282,9 @@ const Picture& FreshPicture() {
         player.Recover(milliseconds(100));
         stage.world.RunFor(milliseconds(20'000));
         if (!player.recovered()) throw Broken{"the reference: a fresh read does not end"};
-        return player.Look();
+        return PictureOf(stage.form);
     }();
     return picture;
-}
-
-void Compare(const Picture& seen) {
-    for (const auto& [name, wanted] : FreshPicture()) {
-        const std::string& shown = seen.at(name);
-        if (shown != wanted) {
-            throw Broken{"screen after a clean read: " + name + " is \"" + shown + "\", not \"" +
-                         wanted + "\""};
-        }
-    }
 }
 
 void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
@@ -348,7 +303,7 @@ void PlayOn(Stage& stage, const Story& story, std::size_t& steps) {
     stage.world.RunFor(time + milliseconds(25'000));
     if (!player.recovered()) throw Broken{"a read does not end"};
     if (stage.world.max_pump_depth() > 150) throw Broken{"waits pile up"};
-    Compare(player.Look());
+    Compare(PictureOf(stage.form), FreshPicture(), "screen after a clean read");
 }
 
 }  // namespace

@@ -76,7 +76,9 @@ void Stage::OnConnect() {
 void Stage::OnBytes(std::string_view bytes) {
     const std::string text = TextOfFrame(bytes);
     if (text.empty()) throw Broken{"malformed frame: " + HexText(bytes)};
-    CheckOwner(static_cast<unsigned char>(text[0]), static_cast<unsigned char>(text[1]));
+    const auto owner =
+        OwnerOf(static_cast<unsigned char>(text[0]), static_cast<unsigned char>(text[1]));
+    CheckRepeat(owner, bytes);
     if (text[1] == kReadLiveStatus) ++status_polls_;
     unit::Unit& unit = *units_[connected_to_];
     line_->Send(unit.Receive(control_port_, bytes, world.Now()));
@@ -84,14 +86,48 @@ void Stage::OnBytes(std::string_view bytes) {
 }
 
 // Each frame belongs to an exchange that is under way on the connection that it goes out on.
-void Stage::CheckOwner(int board, int command) const {
-    for (const auto& [number, exchange] : under_way_) {
+std::uint64_t Stage::OwnerOf(int board, int command) const {
+    for (auto at = under_way_.rbegin(); at != under_way_.rend(); ++at) {
+        const Exchange& exchange = at->second;
         if (exchange.board == board && exchange.command == command &&
             exchange.connection == tool.link.connection()) {
-            return;
+            return exchange.number;
         }
     }
     throw Broken{"frame of another connection: command " + std::to_string(command)};
+}
+
+// What already came whole is not asked for again, whatever else the same pump brought after it.
+void Stage::CheckRepeat(std::uint64_t exchange, std::string_view frame) {
+    const auto [sent, first] = frames_.emplace(exchange, frame);
+    if (first || exchange != newest_) return;
+    if (first_bytes_.starts_with(frame.substr(0, frame.size() - 3))) {
+        throw Broken{"a reply that came first is lost: " + HexText(first_bytes_)};
+    }
+}
+
+// What is taken for the reply repeats the command. The two that any unit may answer do not.
+void Stage::CheckEcho(const Exchange& exchange) const {
+    if (!exchange.Accepted() || exchange.command == kWriteUnitID ||
+        exchange.command == kReadSerialNumber) {
+        return;
+    }
+    const std::string& frame = frames_.at(exchange.number);
+    const bool memory = exchange.IsRead() || exchange.command == kWriteMemory;
+    const std::size_t same = memory && !exchange.poll ? frame.size() - 3 : 4;
+    if (session.ReplyBuffer.substr(0, same) != frame.substr(0, same)) {
+        throw Broken{"a reply to another command is taken: " + HexText(session.ReplyBuffer) +
+                     " for " + HexText(frame)};
+    }
+}
+
+// Of a block that came in part an operation makes nothing, and stops there. A macro download keeps
+// what it had of that block and goes on.
+void Stage::CheckGoingOn(const Exchange& exchange) const {
+    const OperationRecord* operation = tool.link.journal().FindOperation(exchange.operation);
+    if (operation && cut_.contains(operation->number) && operation->name != "Download Macro") {
+        throw Broken{"an operation goes on after a part of a block: " + operation->name};
+    }
 }
 
 // A settings read clears names and triggers on the screen.
@@ -109,6 +145,7 @@ void Stage::ExchangeBegan(const Exchange& exchange) {
     changes_before_[exchange.number] = changes_;
     CheckTable(exchange);
     CheckAddress(exchange);
+    CheckGoingOn(exchange);
 }
 
 void Stage::ExchangeEnded(const Exchange& exchange) {
@@ -118,17 +155,30 @@ void Stage::ExchangeEnded(const Exchange& exchange) {
     CheckMemory(exchange);
     CheckWhole(exchange);
     CheckFirst(exchange);
+    CheckEcho(exchange);
+    if (exchange.IsRead() && exchange.end == Exchange::End::kCorrupted) {
+        cut_.insert(exchange.operation);
+    }
+    frames_.erase(exchange.number);
     under_way_.erase(exchange.number);
     changes_before_.erase(exchange.number);
 }
 
 void Stage::ControlChanged(Control& control, Property property) {
+    // A rule is broken already, and what has been under way is given up.
+    if (std::uncaught_exceptions() > 0) return;
+    if (&control == &form.timGetResponse && property == Property::kEnabled) {
+        hand_.ReaderStopped();
+    }
+    if (&control == &form.SSTab1 && property == Property::kIndex) hand_.TabChosen();
     if (&control != &form.Label3 || property != Property::kCaption) return;
     const std::string& caption = form.Label3.Caption();
     if (caption == "*") {
         first_change_.clear();
+        first_bytes_.clear();
     } else if (first_change_.empty()) {
         first_change_ = caption;
+        if (caption.size() > 1) first_bytes_ = session.ReplyBuffer;
     }
 }
 
@@ -181,8 +231,23 @@ void Stage::CheckWhole(const Exchange& exchange) {
     }
 }
 
+// Each error of a line is shown, the second as the first.
+void Stage::CheckErrorSeen() {
+    constexpr std::chrono::milliseconds kShownByThen{300};
+    const int connection = tool.link.connection();
+    if (connection == 0 || world.tcpsend.State() != SocketState::kError) {
+        error_since_ = {};
+    } else if (error_since_.first != connection) {
+        error_since_ = {connection, world.Now()};
+    } else if (world.Now() - error_since_.second > kShownByThen &&
+               form.cmdConnect.BackColor() != kRed) {
+        throw Broken{"an error that nobody handles"};
+    }
+}
+
 // A disconnect has left every other tab disabled, whatever was going on.
-void Stage::CheckMoment() const {
+void Stage::CheckMoment() {
+    CheckErrorSeen();
     if (tool.link.connection() != 0) return;
     const auto& tabs = form.SSTab1.Tabs();
     for (std::size_t tab = 1; tab < tabs.size(); ++tab) {

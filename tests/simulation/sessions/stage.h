@@ -11,15 +11,12 @@
 #include <string>
 #include <vector>
 
+#include "simulation/sessions/broken.h"
+#include "simulation/sessions/watched_hand.h"
 #include "support/tool_on_line.h"
 #include "unit/unit.h"
 
 namespace kestrane::sessions {
-
-// A rule is broken.
-struct Broken {
-    std::string fault;
-};
 
 class Stage : public ToolOnLine, private Peer, private JournalObserver, private ScreenListener {
   public:
@@ -35,7 +32,8 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     // What each of its ports may do.
     void SetRights(unsigned number, int rights);
     // What holds between events, whatever has happened.
-    void CheckMoment() const;
+    void CheckMoment();
+    WatchedHand& hand() { return hand_; }
     // A connection that nothing has been done on yet lets its settings be read.
     void CheckFreshConnection();
     // The live status commands that the units have got.
@@ -51,12 +49,17 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     void ExchangeEnded(const Exchange& exchange) override;
     void ControlChanged(Control& control, Property property) override;
     void CheckFirst(const Exchange& exchange) const;
-    void CheckOwner(int board, int command) const;
+    std::uint64_t OwnerOf(int board, int command) const;
+    void CheckRepeat(std::uint64_t exchange, std::string_view frame);
+    void CheckEcho(const Exchange& exchange) const;
+    void CheckGoingOn(const Exchange& exchange) const;
+    void CheckErrorSeen();
     void CheckTable(const Exchange& exchange) const;
     void CheckAddress(const Exchange& exchange);
     static void CheckWhole(const Exchange& exchange);
     void CheckMemory(const Exchange& exchange);
 
+    WatchedHand hand_{*this};
     std::array<std::unique_ptr<unit::Unit>, 2> units_;
     std::optional<ReplyLine> line_;
     unsigned connected_to_ = 0;
@@ -66,8 +69,12 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     int changes_ = 0;  // of the units' memory by anything but the line
     int status_polls_ = 0;
     std::string first_change_;  // of Label3 since the last frame
+    std::string first_bytes_;   // that it told of
+    std::pair<int, std::chrono::milliseconds> error_since_{};  // of a connection
     std::uint64_t newest_ = 0;  // exchange
     std::map<std::uint64_t, Exchange> under_way_;
+    std::map<std::uint64_t, std::string> frames_;  // of those under way
+    std::set<std::uint64_t> cut_;                  // operations that got a part of a block
     std::map<std::uint64_t, int> changes_before_;
     std::map<std::uint64_t, int> unit_of_operation_;  // the relay address of its first exchange
     // Blocks of the tables that this connection has read, by connection and address.
