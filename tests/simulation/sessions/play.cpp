@@ -41,7 +41,8 @@ class Player {
     void DoRest(const Step& step);
     void ConnectTo(unsigned number);
     void Press(const std::string& name);
-    void Type(unsigned box, unsigned text);
+    void Type(TextBox* box, unsigned text);
+    TextBox* WatchedBox(unsigned number);
     void Work(unsigned number);
     // Nothing has been typed since the clean read.
     void CheckNothingPending() const;
@@ -85,13 +86,21 @@ void Player::Press(const std::string& name) {
     if (!recovering_) hand_.Click(*control);
 }
 
-void Player::Type(unsigned box, unsigned text) {
+void Player::Type(TextBox* box, unsigned text) {
     constexpr const char* kTexts[] = {"",   "0",  "1",    "A5",  "255",          "32",
                                       "99", "x ", "1243", "0.5", "192.168.10.9", "Kestrel room 7"};
-    if (auto* target = Nth<TextBox>(Active(), box)) {
-        if (target == &stage_.form.txtCurrentPort) return;
-        hand_.Type(*target, kTexts[text % std::size(kTexts)]);
-    }
+    if (!box || box == &stage_.form.txtCurrentPort) return;
+    hand_.Type(*box, kTexts[text % std::size(kTexts)]);
+}
+
+// Leaving one of these with a wrong text opens a box.
+TextBox* Player::WatchedBox(unsigned number) {
+    NetworkTab& network = stage_.form.network;
+    TextBox* const boxes[] = {&network.txtIPAddress, &network.txtNetbiosName,
+                              &network.txtTcpControlPort(number / 5 % 3),
+                              &stage_.form.triggers.txtMTAddress(number / 5 % 8),
+                              &network.txtSubnetMask};
+    return boxes[number % std::size(boxes)];
 }
 
 void Player::Work(unsigned number) {
@@ -120,7 +129,9 @@ void Player::DoOperator(const Step& step) {
             hand_.Choose(stage_.form.SSTab1, static_cast<int>(step.a % 8));
             return;
         case Action::kType:
-            return Type(step.a, step.b);
+            return Type(Nth<TextBox>(Active(), step.a), step.b);
+        case Action::kFill:
+            return Type(WatchedBox(step.a), step.b);
         case Action::kClickAny:
             if (auto* control = Nth<Control>(Active(), step.a)) hand_.Click(*control);
             return;

@@ -1,7 +1,10 @@
 #include "simulation/sessions/story.h"
 
+#include <algorithm>
 #include <iterator>
 #include <random>
+
+#include "simulation/sessions/scenes.h"
 
 namespace kestrane::sessions {
 namespace {
@@ -16,7 +19,8 @@ struct Row {
 constexpr Row kRows[] = {
     {Action::kConnect, "connect to unit", 10}, {Action::kDisconnect, "disconnect", 5},
     {Action::kPress, "press", 40},             {Action::kTab, "select tab", 6},
-    {Action::kType, "type into box", 10},      {Action::kClickAny, "click control", 10},
+    {Action::kType, "type into box", 10},      {Action::kFill, "fill watched box", 3},
+    {Action::kClickAny, "click control", 10},
     {Action::kChoose, "choose in control", 3}, {Action::kLeave, "leave", 2},
     {Action::kWorkbench, "workbench", 6},
     {Action::kCloseForm, "close the form", 3}, {Action::kSplit, "split a reply", 4},
@@ -75,19 +79,27 @@ Step DrawStep(std::mt19937_64& random) {
 Story StoryOf(std::uint64_t seed) {
     std::mt19937_64 random(seed);
     Story story{seed, {}};
-    const bool settled = random() % 4 != 0;
-    if (settled) {
-        story.steps.push_back({10, Action::kConnect, 0, 0});
-        story.steps.push_back({400, Action::kPress, 0, 0});
-        story.steps.push_back({2600, Action::kLeave, 0, 0});
-    }
+    Scenes scenes(random);
+    if (random() % 4 != 0) scenes.Begin(story.steps);
     if (random() % 2 == 0) story.steps.push_back({1, Action::kSeveral, DrawStep(random).a, 7});
-    const std::size_t count = 4 + random() % 24;
-    for (std::size_t i = 0; i < count; ++i) story.steps.push_back(DrawStep(random));
+    if (random() % 100 == 0) scenes.AppendHaste(story.steps);
+    const std::size_t count = story.steps.size() + 4 + random() % 24;
+    while (story.steps.size() < count) {
+        if (random() % 6 == 0) {
+            scenes.Append(story.steps);
+        } else {
+            story.steps.push_back(DrawStep(random));
+        }
+    }
     return story;
 }
 
 const char* ButtonName(unsigned number) { return kButtons[number % std::size(kButtons)]; }
+
+unsigned ButtonNumber(std::string_view name) {
+    const auto* const found = std::find(std::begin(kButtons), std::end(kButtons), name);
+    return static_cast<unsigned>(found - std::begin(kButtons));
+}
 
 std::string InWords(const Story& story) {
     std::string words;

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kestrane::sessions {
@@ -17,6 +18,7 @@ enum class Action : std::uint8_t {
     kPress,     // the button a of the table of buttons
     kTab,       // selects tab a
     kType,      // into text box a, a text drawn from b
+    kFill,      // the same into one of the boxes that look at their text when they are left
     kClickAny,  // control a of the active form
     kChoose,    // item or position b of list or bar a
     kLeave,
@@ -61,5 +63,6 @@ std::string InWords(const Story& story);
 
 // The buttons of kPress, by the name that the console has for them.
 const char* ButtonName(unsigned number);
+unsigned ButtonNumber(std::string_view name);
 
 }  // namespace kestrane::sessions
