@@ -225,7 +225,10 @@ void Player::ReadAll(milliseconds begin) {
         });
         begin += milliseconds(1500);
     }
-    At(begin, [this] { CheckNothingPending(); });
+    // Some values come only with a refresh after the last read.
+    for (int earlier = 1300; earlier >= 0; earlier -= 50) {
+        At(begin - milliseconds(earlier), [this] { CheckNothingPending(); });
+    }
     OpenEditor(begin);
     At(begin + milliseconds(2000), [this] {
         Need(hand_.Choose(stage_.form.SSTab1, 0));
