@@ -26,7 +26,8 @@ T* Nth(Form& form, unsigned number) {
 
 class Player {
   public:
-    explicit Player(Stage& stage) : stage_(stage), tool_(stage.tool), hand_(stage.hand()), bench_(stage.tool) {}
+    explicit Player(Stage& stage)
+        : stage_(stage), tool_(stage.tool), hand_(stage.hand()), bench_(stage.tool) {}
 
     void Do(const Step& step);
     void ReadAll(milliseconds begin);
@@ -96,10 +97,9 @@ void Player::Type(TextBox* box, unsigned text) {
 // Leaving one of these with a wrong text opens a box.
 TextBox* Player::WatchedBox(unsigned number) {
     NetworkTab& network = stage_.form.network;
-    TextBox* const boxes[] = {&network.txtIPAddress, &network.txtNetbiosName,
-                              &network.txtTcpControlPort(number / 5 % 3),
-                              &stage_.form.triggers.txtMTAddress(number / 5 % 8),
-                              &network.txtSubnetMask};
+    TextBox* const boxes[] = {
+        &network.txtIPAddress, &network.txtNetbiosName, &network.txtTcpControlPort(number / 5 % 3),
+        &stage_.form.triggers.txtMTAddress(number / 5 % 8), &network.txtSubnetMask};
     return boxes[number % std::size(boxes)];
 }
 

@@ -120,12 +120,10 @@ void Scenes::EditorAgain(std::vector<Step>& steps) {
 
 void Scenes::Append(std::vector<Step>& steps) {
     using Scene = void (Scenes::*)(std::vector<Step>&);
-    constexpr Scene kScenes[] = {&Scenes::Read,         &Scenes::Write,
-                                 &Scenes::Write,        &Scenes::Reconnect,
-                                 &Scenes::Reconnect,    &Scenes::BoxInTheWay,
-                                 &Scenes::BoxInTheWay,  &Scenes::LineLost,
-                                 &Scenes::ErrorsInARow, &Scenes::ReplyInPieces,
-                                 &Scenes::EditorAgain};
+    constexpr Scene kScenes[] = {&Scenes::Read,          &Scenes::Write,      &Scenes::Write,
+                                 &Scenes::Reconnect,     &Scenes::Reconnect,  &Scenes::BoxInTheWay,
+                                 &Scenes::BoxInTheWay,   &Scenes::LineLost,   &Scenes::ErrorsInARow,
+                                 &Scenes::ReplyInPieces, &Scenes::EditorAgain};
     (this->*kScenes[Draw(std::size(kScenes))])(steps);
 }
 

@@ -68,10 +68,10 @@ class Stage : public ToolOnLine, private Peer, private JournalObserver, private 
     std::chrono::milliseconds connected_since_{};
     int changes_ = 0;  // of the units' memory by anything but the line
     int status_polls_ = 0;
-    std::string first_change_;  // of Label3 since the last frame
-    std::string first_bytes_;   // that it told of
+    std::string first_change_;                                 // of Label3 since the last frame
+    std::string first_bytes_;                                  // that it told of
     std::pair<int, std::chrono::milliseconds> error_since_{};  // of a connection
-    std::uint64_t newest_ = 0;  // exchange
+    std::uint64_t newest_ = 0;                                 // exchange
     std::map<std::uint64_t, Exchange> under_way_;
     std::map<std::uint64_t, std::string> frames_;  // of those under way
     std::set<std::uint64_t> cut_;                  // operations that got a part of a block
