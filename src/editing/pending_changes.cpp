@@ -130,9 +130,10 @@ void PendingChanges::DropAll() {
 
 bool PendingChanges::Reading() const { return IsReadOperation(running_); }
 
-// The program clears the screen when a connection ends, changeover values when their tab is left,
-// and other tabs when the settings are read again.
+// The program clears the screen when a connection ends and changeover values when their tab is
+// left. A box that was empty already does not change with that, so any control tells of it.
 void PendingChanges::ControlChanged(Control& control, Property property) {
+    if (tool_.session.LinkIsDown) return DropAll();
     if (&control == &tool_.main_form.SSTab1 && property == Property::kIndex) {
         DropTab("changeover");
         return;
@@ -143,9 +144,7 @@ void PendingChanges::ControlChanged(Control& control, Property property) {
         property != Property::kIndex) {
         return;
     }
-    if (tool_.session.LinkIsDown) {
-        DropAll();
-    } else if (Reading()) {
+    if (Reading()) {
         Drop(*found->second);
     } else {
         Compare(*found->second);
@@ -153,7 +152,11 @@ void PendingChanges::ControlChanged(Control& control, Property property) {
 }
 
 void PendingChanges::OperationBegan(const OperationRecord& operation) {
-    if (TabOfOperation(operation.name).empty()) return;
+    const std::string_view tab = TabOfOperation(operation.name);
+    if (tab.empty()) return;
+    if (tab == "network" && IsReadOperation(operation.name)) {
+        for (const char* cleared : {"names", "triggers"}) DropTab(cleared);
+    }
     running_ = operation.name;
     accepted_.clear();
 }

@@ -45,6 +45,15 @@ TEST(PendingChanges, HoldWhatWasTypedSinceTheReadUntilItIsWritten) {
     EXPECT_EQ(it.Changes(), "network.unit_name: Rack 7 -> " + name + "\n");
     it.bench.pending.RevertAll();
     EXPECT_EQ(it.network.txtUnitName.Text(), "Rack 7");
+    // A box emptied by hand does not change when the program clears it.
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 3), std::nullopt);
+    it.Click(it.form.names.cmdReadChannelNames);
+    it.Type(it.form.names.txtOutUpper(0), "");
+    EXPECT_EQ(it.bench.pending.Count(), 1u);
+    EXPECT_EQ(it.tool.hand.Choose(it.form.SSTab1, 0), std::nullopt);
+    it.Click(it.network.cmdReadNetworkSettings);
+    EXPECT_EQ(it.Changes(), "");
+    it.Type(it.network.txtUnitName, "");
     it.Click(it.form.cmdDisconnect);
     EXPECT_EQ(it.bench.pending.Count(), 0u);
 }

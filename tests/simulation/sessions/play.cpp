@@ -223,11 +223,10 @@ void Player::ReadAll(milliseconds begin) {
             if (tab > 0) Need(hand_.Choose(stage_.form.SSTab1, tab));
             Need(hand_.Click(*button));
         });
+        for (int later = 100; later < 1500; later += 70) {
+            At(begin + milliseconds(later), [this] { CheckNothingPending(); });
+        }
         begin += milliseconds(1500);
-    }
-    // Some values come only with a refresh after the last read.
-    for (int earlier = 1300; earlier >= 0; earlier -= 50) {
-        At(begin - milliseconds(earlier), [this] { CheckNothingPending(); });
     }
     OpenEditor(begin);
     At(begin + milliseconds(2000), [this] {
